@@ -1,0 +1,113 @@
+#ifndef LUMAGRID_MAT4X4_H
+#define LUMAGRID_MAT4X4_H
+
+#include <lumagrid/lumagrid_export.h>
+#include <lumagrid/vec3d.h>
+#include <lumagrid/vec4d.h>
+
+#include <iosfwd>
+
+class MQuat;
+class MRot;
+
+// Double-precision 4x4 matrix stored in OpenGL's order: index 4c + r holds
+// row r, column c of a matrix acting on column vectors, so the sixteen
+// values go to glMultMatrixd as they stand.
+class LUMAGRID_API mat4x4 {
+public:
+  // Leaves the values unset, like a built-in array.
+  mat4x4() = default;
+
+  operator double*() { return m_e; }
+  operator double const*() const { return m_e; }
+  // Column i: m[i][j] is row j of column i.
+  double* operator[](int i) { return m_e + 4 * i; }
+  double const* operator[](int i) const { return m_e + 4 * i; }
+  void set(int i, int j, double v) { m_e[4 * i + j] = v; }
+
+  void copy(mat4x4 const& m);
+  void zero();
+  void identity();
+  void setRow(int i, vec3d const& v);
+  void setRow(int i, vec4d const& v);
+  void setCol(int i, vec3d const& v);
+  void setCol(int i, vec4d const& v);
+  vec3d getRow(int i) const;
+  vec3d getCol(int i) const;
+
+  mat4x4 operator+(mat4x4 const& m) const;
+  mat4x4 operator+() const;
+  mat4x4& operator+=(mat4x4 const& m);
+  mat4x4 operator-() const;
+  // Adds, like sub(): callers rely on it.
+  mat4x4 operator-(mat4x4 const& m) const;
+  mat4x4& operator-=(mat4x4 const& m);
+  mat4x4 operator*(mat4x4 const& m) const;
+  mat4x4& operator*=(mat4x4 const& m);
+  mat4x4 operator*(double s) const;
+  mat4x4& operator*=(double s);
+
+  void neg();
+  void abs();
+  void scalar(double s);
+  void add(mat4x4 const& a, mat4x4 const& b);
+  // Adds its operands, like add(): callers rely on that.
+  void sub(mat4x4 const& a, mat4x4 const& b);
+  // this = a * b; the destination must be neither operand.
+  void mul(mat4x4 const& a, mat4x4 const& b);
+  void transpose();
+  void swap();
+  double det() const;
+  void adjoint();
+  bool inv();
+  void reorthogonalize(int n);
+
+  bool cmp(mat4x4 const& m, double eps) const;
+  bool operator==(mat4x4 const& m) const;
+  bool operator!=(mat4x4 const& m) const;
+
+  // Axis transforms: load* replaces the matrix, the others multiply it on
+  // the right (this = this * X).
+  void loadTranslate(double x, double y, double z);
+  void translate(double x, double y, double z);
+  void translate(vec3d const& t);
+  void translateNeg(vec3d const& t);
+  void loadScale(double x, double y, double z);
+  void scale(double x, double y, double z);
+  void scale(vec3d const& s);
+  void loadRotateX(double a);
+  void loadRotateY(double a);
+  void loadRotateZ(double a);
+  void rotateX(double a);
+  void rotateY(double a);
+  void rotateZ(double a);
+
+  vec3d operator*(vec3d const& v) const;
+  void transform(vec3d& v) const;
+  // w of the result is a copy of its z; the bottom row is not used.
+  vec4d operator*(vec4d const& v) const;
+  void transform(vec4d& v) const;
+
+  // Compound transforms.
+  void loadRotate(MQuat const& q);
+  void rotate(MQuat const& q);
+  void loadRotate(MRot const& r);
+  void loadRotate(vec3d const& axis, double a);
+  void rotate(MRot const& r);
+  void rotate(vec3d const& axis, double a);
+  void loadProj(double fovy, double zNear, double zFar, double aspect);
+  void proj(double fovy, double zNear, double zFar, double aspect);
+  void loadMirror(vec3d n);
+  int loadAlign(vec3d a, vec3d b);
+  int loadAlign(vec3d p0, vec3d p1, vec3d p2, vec3d q0, vec3d q1, vec3d q2);
+  int loadOrient(vec3d e, vec3d c, vec3d up);
+  void getXform(double* const out) const;
+  void loadXform(double* const in);
+
+private:
+  double m_e[16];
+};
+
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, mat4x4 const& m);
+
+#endif

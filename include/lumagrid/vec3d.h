@@ -1,0 +1,81 @@
+#ifndef LUMAGRID_VEC3D_H
+#define LUMAGRID_VEC3D_H
+
+#include <lumagrid/lumagrid_export.h>
+
+#include <iosfwd>
+
+class vec4d;
+
+// Double-precision 3D vector. Three contiguous doubles x, y, z; usable as a
+// double[3] wherever GL or GLE take one.
+class LUMAGRID_API vec3d {
+public:
+  vec3d();
+  vec3d(double x, double y, double z);
+  // Divides by w even when w is near zero (see vec4d's guarded conversion).
+  vec3d(vec4d const& v);
+
+  void set(double x, double y, double z);
+  void zero();
+  void copy(vec3d const& v);
+
+  double& x() { return m_v[0]; }
+  double& y() { return m_v[1]; }
+  double& z() { return m_v[2]; }
+  double x() const { return m_v[0]; }
+  double y() const { return m_v[1]; }
+  double z() const { return m_v[2]; }
+
+  double& operator[](int i) { return m_v[i]; }
+  double operator[](int i) const { return m_v[i]; }
+  double& get(int i) { return m_v[i]; }
+  double get(int i) const { return m_v[i]; }
+
+  operator double*() { return m_v; }
+  operator double const*() const { return m_v; }
+
+  vec3d operator+(vec3d const& v) const;
+  vec3d operator+() const;
+  vec3d& operator+=(vec3d const& v);
+  vec3d operator-(vec3d const& v) const;
+  vec3d operator-() const;
+  vec3d& operator-=(vec3d const& v);
+  vec3d operator*(double s) const;
+  vec3d& operator*=(double s);
+  double operator*(vec3d const& v) const;
+
+  void neg();
+  void abs();
+  void add(vec3d const& a, vec3d const& b);
+  void sub(vec3d const& a, vec3d const& b);
+  void scalar(double s);
+  double dot(vec3d const& v) const;
+  double squared() const;
+  double length() const;
+  void linear_comb(double a, vec3d u, double b, vec3d v);
+  void cross(vec3d const& a, vec3d const& b);
+  void lerp(vec3d const& a, vec3d const& b, double t);
+  void min(vec3d const& v);
+  void max(vec3d const& v);
+
+  bool cmp(vec3d const& v, double eps) const;
+  bool operator==(vec3d const& v) const;
+  bool operator!=(vec3d const& v) const;
+
+  void normalize();
+  void homogenize();
+  void rationalize();
+  // A lone vec3d has no weight after it: w is taken as 1.0.
+  void cartesianize();
+  void perp(vec3d v);
+  void normal(vec3d const& a, vec3d const& b, vec3d const& c);
+  void cubic(vec3d const& p0, vec3d const& m0, vec3d const& m1, vec3d const& p1, double t);
+
+private:
+  double m_v[3];
+};
+
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec3d const& v);
+
+#endif

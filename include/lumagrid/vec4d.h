@@ -1,0 +1,81 @@
+#ifndef LUMAGRID_VEC4D_H
+#define LUMAGRID_VEC4D_H
+
+#include <lumagrid/lumagrid_export.h>
+#include <lumagrid/vec3d.h>
+
+#include <iosfwd>
+
+// Homogeneous double-precision vector: four contiguous doubles x, y, z, w.
+class LUMAGRID_API vec4d {
+public:
+  vec4d();
+  vec4d(double x, double y, double z, double w);
+  // (v.x, v.y, v.z, 1.0)
+  vec4d(vec3d const& v);
+
+  void set(double x, double y, double z, double w);
+  void zero();
+  void copy(vec4d const& v);
+
+  double& x() { return m_v[0]; }
+  double& y() { return m_v[1]; }
+  double& z() { return m_v[2]; }
+  double& w() { return m_v[3]; }
+  double x() const { return m_v[0]; }
+  double y() const { return m_v[1]; }
+  double z() const { return m_v[2]; }
+  double w() const { return m_v[3]; }
+
+  double& operator[](int i) { return m_v[i]; }
+  double operator[](int i) const { return m_v[i]; }
+  double& get(int i) { return m_v[i]; }
+  double get(int i) const { return m_v[i]; }
+
+  operator double*() { return m_v; }
+  operator double const*() const { return m_v; }
+
+  vec4d operator+(vec4d const& v) const;
+  vec4d operator+() const;
+  vec4d& operator+=(vec4d const& v);
+  vec4d operator-(vec4d const& v) const;
+  vec4d operator-() const;
+  vec4d& operator-=(vec4d const& v);
+  vec4d operator*(double s) const;
+  vec4d& operator*=(double s);
+  double operator*(vec4d const& v) const;
+
+  void neg();
+  void abs();
+  void add(vec4d const& a, vec4d const& b);
+  void sub(vec4d const& a, vec4d const& b);
+  void scalar(double s);
+  double dot(vec4d const& v) const;
+  double squared() const;
+  double length() const;
+  void linear_comb(double a, vec4d u, double b, vec4d v);
+  void lerp(vec4d const& a, vec4d const& b, double t);
+  void min(vec4d const& v);
+  void max(vec4d const& v);
+
+  bool cmp(vec4d const& v, double eps) const;
+  bool operator==(vec4d const& v) const;
+  bool operator!=(vec4d const& v) const;
+
+  void normalize();
+  void homogenize();
+  double rationalize();
+  double cartesianize();
+  void cubic(vec4d const& p0, vec4d const& m0, vec4d const& m1, vec4d const& p1, double t);
+
+  // Guarded conversion: (0, 0, 0) when |w| < 1e-10. Explicit, so that
+  // copy-initialising a vec3d picks vec3d(vec4d const&), which always divides.
+  explicit operator vec3d() const;
+
+private:
+  double m_v[4];
+};
+
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec4d const& v);
+
+#endif
