@@ -1,0 +1,46 @@
+# Installs the freshly built tree into a scratch prefix, then builds and runs
+# the consumer example against it twice: through find_package(Lumagrid) and
+# through pkg-config. Any packaging mistake fails here.
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -P consumer_check.cmake
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "command failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+  set(last_output "${out}" PARENT_SCOPE)
+endfunction()
+
+set(prefix "${WORK_DIR}/prefix")
+file(REMOVE_RECURSE "${WORK_DIR}")
+run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+
+foreach(f include/lumagrid/lumagrid.h lib/cmake/Lumagrid/LumagridConfig.cmake
+          lib/cmake/Lumagrid/LumagridConfigVersion.cmake lib/cmake/Lumagrid/FindGLE.cmake
+          lib/pkgconfig/lumagrid.pc lib/liblumagrid.a)
+  if(NOT EXISTS "${prefix}/${f}")
+    message(FATAL_ERROR "missing from the install tree: ${f}")
+  endif()
+endforeach()
+
+# find_package: shared and static consumers.
+set(cmake_build "${WORK_DIR}/cmake-consumer")
+run(${CMAKE_COMMAND} -S "${SOURCE_DIR}/examples/consumer" -B "${cmake_build}"
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release)
+run(${CMAKE_COMMAND} --build "${cmake_build}")
+run("${cmake_build}/consumer_shared")
+message(STATUS "shared: ${last_output}")
+run("${cmake_build}/consumer_static")
+message(STATUS "static: ${last_output}")
+
+# pkg-config, the way a Makefile user links.
+find_program(PKG_CONFIG pkg-config REQUIRED)
+find_program(CXX NAMES c++ g++ REQUIRED)
+set(ENV{PKG_CONFIG_PATH} "${prefix}/lib/pkgconfig")
+run(${PKG_CONFIG} --cflags --libs lumagrid)
+string(STRIP "${last_output}" flags)
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/main.cpp" -o "${WORK_DIR}/consumer_pc"
+    ${flags} -Wl,-rpath,${prefix}/lib)
+run("${WORK_DIR}/consumer_pc")
+message(STATUS "pkg-config: ${last_output}")

@@ -1,0 +1,55 @@
+// gmock matchers for recorded logs. Header-only; needs gmock.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "glrecorder/GLRecorder.h"
+
+namespace glrec {
+
+namespace detail {
+
+class LinesEqMatcher {
+ public:
+  using is_gtest_matcher = void;
+
+  explicit LinesEqMatcher(std::vector<std::string> expected) : expected_(std::move(expected)) {}
+
+  bool MatchAndExplain(const std::vector<std::string>& actual,
+                       ::testing::MatchResultListener* listener) const {
+    if (actual == expected_) {
+      return true;
+    }
+    *listener << "which differs (" << expected_.size() << " lines expected, " << actual.size()
+              << " actual):\n"
+              << diff(expected_, actual);
+    return false;
+  }
+
+  void DescribeTo(std::ostream* os) const {
+    *os << "has these " << expected_.size() << " lines:\n";
+    for (const std::string& l : expected_) {
+      *os << "  " << l << '\n';
+    }
+  }
+
+  void DescribeNegationTo(std::ostream* os) const { *os << "differs from the expected lines"; }
+
+ private:
+  std::vector<std::string> expected_;
+};
+
+}  // namespace detail
+
+// EXPECT_THAT(glrec::recorder().log(), glrec::LinesEq({...})): on failure prints a line diff
+// of expected against actual.
+inline auto LinesEq(std::vector<std::string> expected) {
+  return detail::LinesEqMatcher(std::move(expected));
+}
+
+}  // namespace glrec
