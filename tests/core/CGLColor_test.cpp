@@ -1,0 +1,144 @@
+#include <lumagrid/CGLColor.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+#include "core_probes.h"
+
+namespace {
+
+const double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+void ExpectChannels(const CGLColor& c, double r, double g, double b, double a) {
+  EXPECT_EQ(c.Red(), r);
+  EXPECT_EQ(c.Green(), g);
+  EXPECT_EQ(c.Blue(), b);
+  EXPECT_EQ(c.Alpha(), a);
+}
+
+TEST(CGLColorLayout, ChannelsAreFourContiguousDoublesBeforeTheFloatCopy) {
+  static_assert(sizeof(CGLColor) == 4 * sizeof(double) + 4 * sizeof(float),
+                "four doubles and four floats, nothing else");
+  static_assert(std::is_standard_layout<CGLColor>::value, "GL receives it as arrays");
+  ColorProbe c(0.1, 0.2, 0.3, 0.4);
+  const double* p = c;
+  EXPECT_EQ(static_cast<const void*>(p), static_cast<const void*>(&c));
+  EXPECT_EQ(p, c.Channels());
+}
+
+TEST(CGLColor, DefaultIsOpaqueGrey) {
+  CGLColor c;
+  ExpectChannels(c, 0.5, 0.5, 0.5, 1.0);
+  EXPECT_TRUE(c == 0.5);
+  EXPECT_FALSE(c.IsTransparent());
+}
+
+TEST(CGLColor, SingleValueIsOpaqueGreyLevel) {
+  ExpectChannels(CGLColor(0.25), 0.25, 0.25, 0.25, 1.0);
+}
+
+TEST(CGLColor, FourValuesAreStoredAsGivenWithoutClamping) {
+  ExpectChannels(CGLColor(-1.0, 2.0, 0.3, 7.5), -1.0, 2.0, 0.3, 7.5);
+}
+
+TEST(CGLColor, ArrayViewListsRedGreenBlueAlpha) {
+  const CGLColor c(0.1, 0.2, 0.3, 0.4);
+  const double* p = c;
+  EXPECT_EQ(p[0], 0.1);
+  EXPECT_EQ(p[1], 0.2);
+  EXPECT_EQ(p[2], 0.3);
+  EXPECT_EQ(p[3], 0.4);
+}
+
+TEST(CGLColor, ArrayViewFollowsLaterChanges) {
+  CGLColor c;
+  const double* p = c;
+  c = 0.75;
+  c.AlphaSet(0.125);
+  EXPECT_EQ(p[0], 0.75);
+  EXPECT_EQ(p[3], 0.125);
+}
+
+TEST(CGLColor, GreyAssignmentKeepsAlpha) {
+  CGLColor c(0.2);
+  EXPECT_EQ(c.AlphaSet(0.3), 1);
+  const CGLColor& r = (c = 0.9);
+  EXPECT_EQ(&r, &c);
+  ExpectChannels(c, 0.9, 0.9, 0.9, 0.3);
+}
+
+TEST(CGLColor, CopyAssignmentCopiesAlphaToo) {
+  CGLColor c(0.2);
+  const CGLColor src(0.1, 0.2, 0.3, 0.4);
+  const CGLColor& r = (c = src);
+  EXPECT_EQ(&r, &c);
+  ExpectChannels(c, 0.1, 0.2, 0.3, 0.4);
+}
+
+TEST(CGLColor, CopyConstructorCopiesFourChannels) {
+  const CGLColor src(0.1, 0.2, 0.3, 0.4);
+  const CGLColor c(src);
+  ExpectChannels(c, 0.1, 0.2, 0.3, 0.4);
+}
+
+TEST(CGLColor, AlphaOnlyDifferenceIsUnequalYetSameGreyLevel) {
+  const CGLColor a(0.4, 0.4, 0.4, 1.0);
+  const CGLColor b(0.4, 0.4, 0.4, 0.2);
+  EXPECT_FALSE(a == b);
+  EXPECT_TRUE(a != b);
+  EXPECT_TRUE(a == 0.4);
+  EXPECT_TRUE(b == 0.4);
+  EXPECT_FALSE(a != 0.4);
+  EXPECT_FALSE(b != 0.4);
+}
+
+TEST(CGLColor, GreyComparisonNeedsAllThreeChannels) {
+  EXPECT_FALSE(CGLColor(0.4, 0.4, 0.5, 1.0) == 0.4);
+  EXPECT_FALSE(CGLColor(0.5, 0.4, 0.4, 1.0) == 0.4);
+  EXPECT_TRUE(CGLColor(0.4, 0.4, 0.5, 1.0) != 0.4);
+}
+
+TEST(CGLColor, EqualityIsExactWithoutTolerance) {
+  const CGLColor a(0.1, 0.2, 0.3, 1.0);
+  const CGLColor b(0.1, 0.2, std::nextafter(0.3, 1.0), 1.0);
+  EXPECT_FALSE(a == b);
+  EXPECT_TRUE(a == CGLColor(0.1, 0.2, 0.3, 1.0));
+}
+
+TEST(CGLColor, NaNChannelMakesEveryEqualityFalseEvenWithItself) {
+  const CGLColor c(kNaN, 0.5, 0.5, 1.0);
+  EXPECT_FALSE(c == c);
+  EXPECT_TRUE(c != c);
+  EXPECT_FALSE(c == 0.5);
+  EXPECT_TRUE(c != 0.5);
+  const CGLColor nanAlpha(0.5, 0.5, 0.5, kNaN);
+  EXPECT_FALSE(nanAlpha == nanAlpha);
+  EXPECT_TRUE(nanAlpha == 0.5);  // the grey comparison leaves alpha out
+}
+
+class TransparencyTest : public ::testing::TestWithParam<std::pair<double, bool>> {};
+
+TEST_P(TransparencyTest, OnlyAlphaExactlyOneIsOpaque) {
+  CGLColor c;
+  c.AlphaSet(GetParam().first);
+  EXPECT_EQ(c.IsTransparent(), GetParam().second);
+  EXPECT_EQ(std::isnan(c.AlphaGet()), std::isnan(GetParam().first));
+  EXPECT_EQ(std::isnan(c.Alpha()), std::isnan(GetParam().first));
+}
+
+INSTANTIATE_TEST_SUITE_P(Alphas, TransparencyTest,
+                         ::testing::Values(std::make_pair(1.0, false), std::make_pair(1.5, true),
+                                           std::make_pair(0.999999, true),
+                                           std::make_pair(0.0, true), std::make_pair(-1.0, true),
+                                           std::make_pair(kNaN, true)));
+
+TEST(CGLColor, NewColourHasNoFloatCopyYet) {
+  const ColorProbe c(0.1, 0.2, 0.3, 0.4);
+  for (int i = 0; i < 4; ++i)
+    EXPECT_EQ(c.GL()[i], 0.0f);
+}
+
+}  // namespace

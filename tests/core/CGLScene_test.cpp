@@ -1,0 +1,412 @@
+#include <lumagrid/CGLScene.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "core/CGLShapeMap.h"
+#include "core_probes.h"
+#include "glrecorder/GLRecorder.h"
+#include "glrecorder/Matchers.h"
+
+namespace {
+
+using Log = std::vector<const CGLObject*>;
+
+// The scene's bucket of a shape, worked out here rather than taken from the
+// library: Park-Miller step on the address's low 32 bits read as signed.
+std::uint32_t BucketOf(const void* p) {
+  const auto bits = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(p));
+  const std::int64_t v = bits >= 0x80000000u ? static_cast<std::int64_t>(bits) - 0x100000000LL
+                                             : static_cast<std::int64_t>(bits);
+  const std::int64_t q = v / 127773;  // truncates toward zero
+  const std::int64_t r = v - q * 127773;
+  std::int64_t h = 16807 * r - 2836 * q;
+  if (h < 0)
+    h += 2147483647;
+  return static_cast<std::uint32_t>(h) % 512u;
+}
+
+// Buckets in ascending order, and within a bucket the newest shape first.
+Log ExpectedOrder(const Log& added) {
+  std::vector<std::pair<std::uint32_t, std::size_t>> keys;
+  for (std::size_t i = 0; i < added.size(); ++i)
+    keys.emplace_back(BucketOf(added[i]), added.size() - i);
+  std::vector<std::size_t> idx(added.size());
+  for (std::size_t i = 0; i < idx.size(); ++i)
+    idx[i] = i;
+  std::sort(idx.begin(), idx.end(),
+            [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+  Log order;
+  for (std::size_t i : idx)
+    order.push_back(added[i]);
+  return order;
+}
+
+// A logging shape placed at an address of the test's choosing, so that
+// tests can put shapes into chosen buckets.
+class ArenaShape : public LoggingShape {
+ public:
+  using LoggingShape::LoggingShape;
+  static void* operator new(std::size_t size) {
+    EXPECT_LE(size, kSlot);
+    return s_pNext;
+  }
+  // The arena owns the memory.
+  static void operator delete(void*) noexcept {}
+
+  static constexpr std::size_t kSlot = 512;
+  static constexpr std::size_t kSlots = 4096;
+  static void* Slot(std::size_t i) { return s_arena + i * kSlot; }
+  static void* s_pNext;
+  alignas(64) static unsigned char s_arena[kSlots * kSlot];
+};
+
+void* ArenaShape::s_pNext = nullptr;
+alignas(64) unsigned char ArenaShape::s_arena[ArenaShape::kSlots * ArenaShape::kSlot];
+
+ArenaShape* NewAt(void* where, Log* drawn, Log* deleted = nullptr) {
+  ArenaShape::s_pNext = where;
+  return new ArenaShape(drawn, deleted);
+}
+
+// Arena slots grouped by the bucket they hash to.
+std::map<std::uint32_t, std::vector<void*>> SlotsByBucket() {
+  std::map<std::uint32_t, std::vector<void*>> m;
+  for (std::size_t i = 0; i < ArenaShape::kSlots; ++i)
+    m[BucketOf(ArenaShape::Slot(i))].push_back(ArenaShape::Slot(i));
+  return m;
+}
+
+std::vector<void*> ThreeSlotsInOneBucket() {
+  for (auto& [bucket, slots] : SlotsByBucket()) {
+    if (slots.size() >= 3)
+      return {slots[0], slots[1], slots[2]};
+  }
+  ADD_FAILURE() << "no bucket with three arena slots";
+  return {};
+}
+
+class CGLSceneTest : public ::testing::Test {
+ protected:
+  void SetUp() override { glrec::recorder().reset(); }
+};
+
+// ---------------------------------------------------------------- basics
+
+TEST_F(CGLSceneTest, NewSceneDrawsNothingAndDeletesNothing) {
+  CGLScene scene;
+  ObjectProbe stranger;
+  EXPECT_EQ(scene.DeleteGLShape(&stranger), 0);
+  EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
+  scene.DrawGLShapes();
+  EXPECT_EQ(scene.SetMatrix(Identity()), 1);
+  EXPECT_TRUE(glrec::recorder().log().empty());
+}
+
+TEST_F(CGLSceneTest, AddGLShapeAlwaysReturnsOne) {
+  CGLScene scene;
+  Log drawn;
+  auto* p = new LoggingShape(&drawn);
+  EXPECT_EQ(scene.AddGLShape(p), 1);
+  EXPECT_EQ(scene.AddGLShape(p), 1);
+  EXPECT_EQ(scene.AddGLShape(nullptr), 1);
+  scene.DeleteGLShape(nullptr);
+}
+
+TEST_F(CGLSceneTest, AddingTwiceAndDeletingOnceDeletesTheShapeOnce) {
+  int deaths = 0;
+  CGLScene scene;
+  auto* p = new CountedShape(&deaths);
+  scene.AddGLShape(p);
+  scene.AddGLShape(p);
+  EXPECT_EQ(scene.DeleteGLShape(p), 1);
+  EXPECT_EQ(deaths, 1);
+  glrec::recorder().clearCalls();
+  scene.DrawGLShapes();
+  EXPECT_TRUE(glrec::recorder().log().empty());
+}
+
+TEST_F(CGLSceneTest, DeletingAnUnknownShapeLeavesItAlive) {
+  int deaths = 0;
+  CGLScene scene;
+  CountedShape outside(&deaths);
+  EXPECT_EQ(scene.DeleteGLShape(&outside), 0);
+  EXPECT_EQ(deaths, 0);
+}
+
+TEST_F(CGLSceneTest, DeletedShapeIsGoneFromLaterVisits) {
+  Log drawn;
+  CGLScene scene;
+  auto* a = new LoggingShape(&drawn);
+  auto* b = new LoggingShape(&drawn);
+  scene.AddGLShape(a);
+  scene.AddGLShape(b);
+  EXPECT_EQ(scene.DeleteGLShape(a), 1);
+  EXPECT_EQ(scene.DeleteGLShape(a), 0);
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, Log{b});
+}
+
+// ---------------------------------------------------------------- show / select
+
+TEST_F(CGLSceneTest, ShowGLShapeHidesAShapeInTheScene) {
+  CGLScene scene;
+  auto* p = new QuadShape;
+  scene.AddGLShape(p);
+  scene.ShowGLShape(p, 0);
+  EXPECT_EQ(p->IsVisible(), 0);
+  glrec::recorder().clearCalls();
+  scene.DrawGLShapes();
+  EXPECT_TRUE(glrec::recorder().log().empty());
+  scene.ShowGLShape(p, 7);  // any non-zero value shows
+  EXPECT_EQ(p->IsVisible(), 1);
+}
+
+TEST_F(CGLSceneTest, ShowGLShapeLeavesAShapeOutsideTheSceneUntouched) {
+  CGLScene scene;
+  QuadShape outside;
+  scene.ShowGLShape(&outside, 0);
+  EXPECT_EQ(outside.IsVisible(), 1);
+  outside.SetVisible(false);
+  scene.ShowGLShape(&outside, 1);
+  EXPECT_EQ(outside.IsVisible(), 0);
+}
+
+TEST_F(CGLSceneTest, SelectGLShapeSelectsOnlyShapesInTheScene) {
+  CGLScene scene;
+  auto* p = new ObjectProbe;
+  scene.AddGLShape(p);
+  scene.SelectGLShape(p, 3);
+  EXPECT_EQ(p->IsSelected(), 1);
+  scene.SelectGLShape(p, 0);
+  EXPECT_EQ(p->IsSelected(), 0);
+  ObjectProbe outside;
+  scene.SelectGLShape(&outside, 1);
+  EXPECT_EQ(outside.IsSelected(), 0);
+}
+
+TEST_F(CGLSceneTest, ShowGLShapesZeroSilencesTheWholeScene) {
+  CGLScene scene;
+  auto* p = new QuadShape;
+  scene.AddGLShape(p);
+  scene.ShowGLShapes(0);
+  scene.DrawGLShapes();
+  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_EQ(p->IsVisible(), 1);  // the shapes' own flags are untouched
+  scene.ShowGLShapes(2);
+  scene.DrawGLShapes();
+  EXPECT_EQ(glrec::recorder().count("glCallList"), 1u);
+}
+
+// ---------------------------------------------------------------- ownership
+
+TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {
+  int deaths = 0;
+  CGLScene scene;
+  for (int i = 0; i < 3; ++i)
+    scene.AddGLShape(new CountedShape(&deaths));
+  scene.ResetGLShapes();
+  EXPECT_EQ(deaths, 3);
+  glrec::recorder().clearCalls();
+  scene.DrawGLShapes();
+  EXPECT_TRUE(glrec::recorder().log().empty());
+  scene.AddGLShape(new CountedShape(&deaths));  // still usable
+  scene.DrawGLShapes();
+  EXPECT_EQ(glrec::recorder().count("glPushMatrix"), 1u);
+}
+
+TEST_F(CGLSceneTest, DestroyingTheSceneDeletesItsShapes) {
+  int deaths = 0;
+  {
+    CGLScene scene;
+    scene.AddGLShape(new CountedShape(&deaths));
+    scene.AddGLShape(new CountedShape(&deaths));
+  }
+  EXPECT_EQ(deaths, 2);
+}
+
+TEST_F(CGLSceneTest, NullShapeIsStoredAndSkippedByReset) {
+  int deaths = 0;
+  CGLScene scene;
+  scene.AddGLShape(nullptr);
+  scene.AddGLShape(new CountedShape(&deaths));
+  scene.ResetGLShapes();
+  EXPECT_EQ(deaths, 1);
+  scene.AddGLShape(nullptr);
+  EXPECT_EQ(scene.DeleteGLShape(nullptr), 1);  // found, and deleting null is harmless
+  EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
+}
+
+// ---------------------------------------------------------------- matrices
+
+TEST_F(CGLSceneTest, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
+  CGLScene scene;
+  auto* a = new ObjectProbe;
+  auto* b = new ObjectProbe;
+  a->Move(5.0, 6.0, 7.0);
+  a->m_bModified = false;
+  b->m_bModified = false;
+  scene.AddGLShape(a);
+  scene.AddGLShape(b);
+  mat4x4 m;
+  m.loadScale(2.0, 3.0, 4.0);
+  EXPECT_EQ(scene.SetMatrix(m), 1);
+  EXPECT_TRUE(SameValues(a->m_matrix, m));
+  EXPECT_TRUE(SameValues(b->m_matrix, m));
+  double raw[16];
+  for (int i = 0; i < 16; ++i)
+    raw[i] = 100.0 + i;
+  EXPECT_EQ(scene.SetMatrix(raw), 1);
+  EXPECT_EQ(static_cast<const double*>(a->m_matrix)[15], 115.0);
+  EXPECT_EQ(static_cast<const double*>(b->m_matrix)[0], 100.0);
+  EXPECT_FALSE(a->m_bModified);
+  EXPECT_FALSE(b->m_bModified);
+}
+
+// ---------------------------------------------------------------- order
+
+TEST_F(CGLSceneTest, VisitingOrderFollowsTheHashForManyShapes) {
+  Log drawn;
+  Log deleted;
+  Log added;
+  CGLScene scene;
+  for (int i = 0; i < 400; ++i) {
+    auto* p = new LoggingShape(&drawn, &deleted);
+    added.push_back(p);
+    scene.AddGLShape(p);
+  }
+  const Log expected = ExpectedOrder(added);
+  ASSERT_NE(expected, added);  // the test would be weak if insertion order matched
+
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, expected);
+  drawn.clear();
+  scene.SetMatrix(Identity());
+  EXPECT_EQ(drawn, expected);
+  drawn.clear();
+  double raw[16] = {};
+  scene.SetMatrix(raw);
+  EXPECT_EQ(drawn, expected);
+  scene.ResetGLShapes();
+  EXPECT_EQ(deleted, expected);
+}
+
+TEST_F(CGLSceneTest, OrderIsNotChangedByDeletingAndAddingOthers) {
+  Log drawn;
+  Log added;
+  CGLScene scene;
+  std::vector<LoggingShape*> shapes;
+  for (int i = 0; i < 200; ++i) {
+    shapes.push_back(new LoggingShape(&drawn));
+    scene.AddGLShape(shapes.back());
+  }
+  for (int i = 0; i < 200; i += 3)
+    scene.DeleteGLShape(shapes[i]);
+  for (int i = 0; i < 200; ++i) {
+    if (i % 3 != 0)
+      added.push_back(shapes[i]);
+  }
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, ExpectedOrder(added));
+}
+
+TEST_F(CGLSceneTest, WithinABucketTheNewestShapeComesFirst) {
+  const std::vector<void*> slots = ThreeSlotsInOneBucket();
+  ASSERT_EQ(slots.size(), 3u);
+  Log drawn;
+  CGLScene scene;
+  ArenaShape* a = NewAt(slots[0], &drawn);
+  ArenaShape* b = NewAt(slots[1], &drawn);
+  ArenaShape* c = NewAt(slots[2], &drawn);
+  scene.AddGLShape(a);
+  scene.AddGLShape(b);
+  scene.AddGLShape(c);
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, (Log{c, b, a}));
+}
+
+TEST_F(CGLSceneTest, AddingAgainKeepsTheShapesPlaceInItsBucket) {
+  const std::vector<void*> slots = ThreeSlotsInOneBucket();
+  ASSERT_EQ(slots.size(), 3u);
+  Log drawn;
+  CGLScene scene;
+  ArenaShape* a = NewAt(slots[0], &drawn);
+  ArenaShape* b = NewAt(slots[1], &drawn);
+  ArenaShape* c = NewAt(slots[2], &drawn);
+  scene.AddGLShape(a);
+  scene.AddGLShape(b);
+  scene.AddGLShape(c);
+  scene.AddGLShape(a);
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, (Log{c, b, a}));  // not moved to the head
+}
+
+TEST_F(CGLSceneTest, DeletingFromTheMiddleOfABucketKeepsTheRest) {
+  const std::vector<void*> slots = ThreeSlotsInOneBucket();
+  ASSERT_EQ(slots.size(), 3u);
+  Log drawn;
+  CGLScene scene;
+  ArenaShape* a = NewAt(slots[0], &drawn);
+  ArenaShape* b = NewAt(slots[1], &drawn);
+  ArenaShape* c = NewAt(slots[2], &drawn);
+  scene.AddGLShape(a);
+  scene.AddGLShape(b);
+  scene.AddGLShape(c);
+  EXPECT_EQ(scene.DeleteGLShape(b), 1);
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, (Log{c, a}));
+}
+
+TEST_F(CGLSceneTest, BucketsAreVisitedInAscendingOrderWhateverTheAdditionOrder) {
+  auto byBucket = SlotsByBucket();
+  ASSERT_GE(byBucket.size(), 3u);
+  auto it = byBucket.begin();
+  void* low = it->second[0];
+  std::advance(it, static_cast<long>(byBucket.size() / 2));
+  void* middle = it->second[0];
+  void* high = byBucket.rbegin()->second[0];
+  Log drawn;
+  CGLScene scene;
+  ArenaShape* h = NewAt(high, &drawn);
+  ArenaShape* l = NewAt(low, &drawn);
+  ArenaShape* m = NewAt(middle, &drawn);
+  scene.AddGLShape(h);
+  scene.AddGLShape(m);
+  scene.AddGLShape(l);
+  scene.DrawGLShapes();
+  EXPECT_EQ(drawn, (Log{l, m, h}));
+}
+
+// ---------------------------------------------------------------- drawing
+
+TEST_F(CGLSceneTest, DrawGLShapesIssuesNothingOfItsOwn) {
+  CGLScene scene;
+  auto* p = new ObjectProbe;  // a bare object: push, multiply, material, pop
+  scene.AddGLShape(p);
+  scene.DrawGLShapes();
+  EXPECT_THAT(glrec::recorder().log(),
+              ::testing::ElementsAre("glPushMatrix()", ::testing::StartsWith("glMultMatrixd("),
+                                     ::testing::StartsWith("glMaterialfv("), "glPopMatrix()"));
+}
+
+TEST_F(CGLSceneTest, HiddenShapesAreSkippedByTheirOwnDraw) {
+  CGLScene scene;
+  auto* shown = new QuadShape;
+  auto* hidden = new QuadShape;
+  scene.AddGLShape(shown);
+  scene.AddGLShape(hidden);
+  hidden->SetVisible(false);
+  scene.DrawGLShapes();
+  EXPECT_EQ(glrec::recorder().count("glPushMatrix"), 1u);
+  EXPECT_EQ(glrec::recorder().count("glCallList"), 1u);
+  EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
+}
+
+}  // namespace
