@@ -1,0 +1,159 @@
+// The quadric shapes' display lists compiled and replayed through Lumagrid,
+// beside the same GLU and GL calls made by hand, in one headless llvmpipe
+// context, at the default tessellation (128 slices, 8 stacks).
+
+#include <lumagrid/CGLArrow.h>
+#include <lumagrid/CGLCylinder.h>
+#include <lumagrid/CGLSphere.h>
+
+#include <GL/gl.h>
+#include <GL/glu.h>
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "eglfixture/EglContext.h"
+
+namespace {
+
+eglfixture::EglContext& Context() {
+  static eglfixture::EglContext context(64, 64);
+  if (!context.ok()) {
+    std::fprintf(stderr, "no GL context: %s\n", context.error().c_str());
+    std::exit(1);
+  }
+  return context;
+}
+
+// A shape that can be marked out of date without touching its transform,
+// so that every iteration recompiles the same geometry.
+template <class Shape>
+class Recompiled : public Shape {
+ public:
+  using Shape::Shape;
+  void Invalidate() { this->m_bModified = true; }
+};
+
+// ---------------------------------------------------------------- by hand
+
+// The calls each shape compiles, issued directly.
+void HandSphere(GLUquadric* q) {
+  gluSphere(q, 1.0, 128, 8);
+}
+
+void HandCylinder(GLUquadric* q) {
+  gluQuadricOrientation(q, GLU_OUTSIDE);
+  gluCylinder(q, 1.0, 1.0, 1.0, 128, 8);
+  gluQuadricOrientation(q, GLU_INSIDE);
+  gluDisk(q, 0.0, 1.0, 128, 1);
+  glPushMatrix();
+  {
+    gluQuadricOrientation(q, GLU_OUTSIDE);
+    glTranslated(0.0, 0.0, 1.0);
+    gluDisk(q, 0.0, 1.0, 128, 1);
+  }
+  glPopMatrix();
+}
+
+void HandArrow(GLUquadric* q) {
+  const double s = 1.0 * 0.8, r = 0.2 * 0.4, h = (1.0 - 0.8) * 1.0;
+  glColor3d(0.5, 0.5, 0.5);
+  gluQuadricOrientation(q, GLU_OUTSIDE);
+  gluCylinder(q, r, r, s, 128, 8);
+  gluQuadricOrientation(q, GLU_INSIDE);
+  gluDisk(q, 0.0, r, 128, 1);
+  gluQuadricOrientation(q, GLU_OUTSIDE);
+  glTranslated(0.0, 0.0, s);
+  gluDisk(q, 0.0, r, 128, 1);
+  gluQuadricOrientation(q, GLU_OUTSIDE);
+  gluCylinder(q, 0.2, 0.0, h, 128, 8);
+  gluQuadricOrientation(q, GLU_INSIDE);
+  gluDisk(q, 0.0, 0.2, 128, 1);
+}
+
+// ---------------------------------------------------------------- compile
+
+template <class Shape>
+void CompileLumagrid(benchmark::State& state) {
+  Context();
+  Recompiled<Shape> shape;
+  shape.DisplayListMake();
+  for (auto _ : state) {
+    shape.Invalidate();
+    benchmark::DoNotOptimize(shape.DisplayListMake());
+  }
+  glFinish();
+}
+
+template <void (*Emit)(GLUquadric*)>
+void CompileGlu(benchmark::State& state) {
+  Context();
+  GLUquadric* q = gluNewQuadric();
+  const GLuint list = glGenLists(1);
+  for (auto _ : state) {
+    glNewList(list, GL_COMPILE);
+    Emit(q);
+    glEndList();
+  }
+  glFinish();
+  glDeleteLists(list, 1);
+  gluDeleteQuadric(q);
+}
+
+// ---------------------------------------------------------------- replay
+
+const float kGrey[4] = {0.5f, 0.5f, 0.5f, 1.0f};
+
+template <class Shape>
+void ReplayLumagrid(benchmark::State& state) {
+  Context();
+  Shape shape;
+  shape.Draw();
+  glFinish();
+  for (auto _ : state) {
+    shape.Draw();
+    glFinish();
+  }
+}
+
+template <void (*Emit)(GLUquadric*)>
+void ReplayGl(benchmark::State& state) {
+  Context();
+  GLUquadric* q = gluNewQuadric();
+  const GLuint list = glGenLists(1);
+  glNewList(list, GL_COMPILE);
+  Emit(q);
+  glEndList();
+  double identity[16] = {};
+  for (int k = 0; k < 16; k += 5)
+    identity[k] = 1.0;
+  glFinish();
+  for (auto _ : state) {
+    glPushMatrix();
+    glMultMatrixd(identity);
+    glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, kGrey);
+    glCallList(list);
+    glPopMatrix();
+    glFinish();
+  }
+  glDeleteLists(list, 1);
+  gluDeleteQuadric(q);
+}
+
+}  // namespace
+
+BENCHMARK(CompileLumagrid<CGLSphere>)->Name("sphere_compile/lumagrid");
+BENCHMARK(CompileGlu<HandSphere>)->Name("sphere_compile/glu");
+BENCHMARK(CompileLumagrid<CGLCylinder>)->Name("cylinder_compile/lumagrid");
+BENCHMARK(CompileGlu<HandCylinder>)->Name("cylinder_compile/glu");
+BENCHMARK(CompileLumagrid<CGLArrow>)->Name("arrow_compile/lumagrid");
+BENCHMARK(CompileGlu<HandArrow>)->Name("arrow_compile/glu");
+BENCHMARK(ReplayLumagrid<CGLSphere>)->Name("sphere_replay/lumagrid");
+BENCHMARK(ReplayGl<HandSphere>)->Name("sphere_replay/gl");
+BENCHMARK(ReplayLumagrid<CGLCylinder>)->Name("cylinder_replay/lumagrid");
+BENCHMARK(ReplayGl<HandCylinder>)->Name("cylinder_replay/gl");
+BENCHMARK(ReplayLumagrid<CGLArrow>)->Name("arrow_replay/lumagrid");
+BENCHMARK(ReplayGl<HandArrow>)->Name("arrow_replay/gl");
+
+BENCHMARK_MAIN();

@@ -1,0 +1,20 @@
+#include <lumagrid/CGLQuadric.h>
+
+#include <GL/glu.h>
+
+CGLQuadric::CGLQuadric() : CGLObject() {
+  // A null handle is kept as it is; GLU deals with it at draw time.
+  m_pQuadric = gluNewQuadric();
+}
+
+CGLQuadric::CGLQuadric(const CGLQuadric& o) : CGLObject(o) {}
+
+CGLQuadric& CGLQuadric::operator=(const CGLQuadric& o) {
+  // The old handle is dropped, not released: copies may still hold it.
+  CGLObject::operator=(o);
+  return *this;
+}
+
+CGLQuadric::~CGLQuadric() {
+  gluDeleteQuadric(m_pQuadric);
+}
