@@ -6,6 +6,7 @@
 #include <lumagrid/vec4d.h>
 
 #include <iosfwd>
+#include <type_traits>
 
 class MQuat;
 class MRot;
@@ -14,7 +15,7 @@ class MRot;
 // row r, column c of a matrix acting on column vectors, so the sixteen
 // values go to glMultMatrixd as they stand.
 class LUMAGRID_API mat4x4 {
-public:
+ public:
   // Leaves the values unset, like a built-in array.
   mat4x4() = default;
 
@@ -104,9 +105,14 @@ public:
   void getXform(double* const out) const;
   void loadXform(double* const in);
 
-private:
+ private:
   double m_e[16];
 };
+
+// GL and GLE take arrays of these as they stand.
+static_assert(sizeof(mat4x4) == 16 * sizeof(double), "mat4x4 is 16 doubles, no padding");
+static_assert(std::is_trivially_copyable<mat4x4>::value, "mat4x4 copies as raw memory");
+static_assert(std::is_standard_layout<mat4x4>::value, "mat4x4 has C layout");
 
 LUMAGRID_API std::ostream& operator<<(std::ostream& os, mat4x4 const& m);
 

@@ -4,13 +4,14 @@
 #include <lumagrid/lumagrid_export.h>
 
 #include <iosfwd>
+#include <type_traits>
 
 class vec4d;
 
 // Double-precision 3D vector. Three contiguous doubles x, y, z; usable as a
 // double[3] wherever GL or GLE take one.
 class LUMAGRID_API vec3d {
-public:
+ public:
   vec3d();
   vec3d(double x, double y, double z);
   // Divides by w even when w is near zero (see vec4d's guarded conversion).
@@ -72,9 +73,14 @@ public:
   void normal(vec3d const& a, vec3d const& b, vec3d const& c);
   void cubic(vec3d const& p0, vec3d const& m0, vec3d const& m1, vec3d const& p1, double t);
 
-private:
+ private:
   double m_v[3];
 };
+
+// GL and GLE take arrays of these as they stand.
+static_assert(sizeof(vec3d) == 3 * sizeof(double), "vec3d is 3 doubles, no padding");
+static_assert(std::is_trivially_copyable<vec3d>::value, "vec3d copies as raw memory");
+static_assert(std::is_standard_layout<vec3d>::value, "vec3d has C layout");
 
 LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec3d const& v);
 

@@ -5,10 +5,11 @@
 #include <lumagrid/vec3d.h>
 
 #include <iosfwd>
+#include <type_traits>
 
 // Homogeneous double-precision vector: four contiguous doubles x, y, z, w.
 class LUMAGRID_API vec4d {
-public:
+ public:
   vec4d();
   vec4d(double x, double y, double z, double w);
   // (v.x, v.y, v.z, 1.0)
@@ -70,11 +71,17 @@ public:
 
   // Guarded conversion: (0, 0, 0) when |w| < 1e-10. Explicit, so that
   // copy-initialising a vec3d picks vec3d(vec4d const&), which always divides.
+  // Casts pick that constructor too: call v.operator vec3d() for this one.
   explicit operator vec3d() const;
 
-private:
+ private:
   double m_v[4];
 };
+
+// GL and GLE take arrays of these as they stand.
+static_assert(sizeof(vec4d) == 4 * sizeof(double), "vec4d is 4 doubles, no padding");
+static_assert(std::is_trivially_copyable<vec4d>::value, "vec4d copies as raw memory");
+static_assert(std::is_standard_layout<vec4d>::value, "vec4d has C layout");
 
 LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec4d const& v);
 

@@ -1,0 +1,246 @@
+#include <lumagrid/vec3d.h>
+#include <lumagrid/vec4d.h>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kTiny = 1e-10;
+
+}  // namespace
+
+vec3d::vec3d() : m_v{0.0, 0.0, 0.0} {}
+
+vec3d::vec3d(double x, double y, double z) : m_v{x, y, z} {}
+
+vec3d::vec3d(vec4d const& v) {
+  if (std::fabs(v.w()) < kTiny) {
+    zero();
+  }
+  // No early return: a near-zero w still divides, so the zeroing never survives.
+  double const r = 1.0 / v.w();
+  m_v[0] = v.x() * r;
+  m_v[1] = v.y() * r;
+  m_v[2] = v.z() * r;
+}
+
+void vec3d::set(double x, double y, double z) {
+  m_v[0] = x;
+  m_v[1] = y;
+  m_v[2] = z;
+}
+
+void vec3d::zero() {
+  set(0.0, 0.0, 0.0);
+}
+
+void vec3d::copy(vec3d const& v) {
+  set(v.m_v[0], v.m_v[1], v.m_v[2]);
+}
+
+vec3d vec3d::operator+(vec3d const& v) const {
+  return vec3d(m_v[0] + v.m_v[0], m_v[1] + v.m_v[1], m_v[2] + v.m_v[2]);
+}
+
+vec3d vec3d::operator+() const {
+  return *this;
+}
+
+vec3d& vec3d::operator+=(vec3d const& v) {
+  m_v[0] += v.m_v[0];
+  m_v[1] += v.m_v[1];
+  m_v[2] += v.m_v[2];
+  return *this;
+}
+
+vec3d vec3d::operator-(vec3d const& v) const {
+  return vec3d(m_v[0] - v.m_v[0], m_v[1] - v.m_v[1], m_v[2] - v.m_v[2]);
+}
+
+vec3d vec3d::operator-() const {
+  return vec3d(-m_v[0], -m_v[1], -m_v[2]);
+}
+
+vec3d& vec3d::operator-=(vec3d const& v) {
+  m_v[0] -= v.m_v[0];
+  m_v[1] -= v.m_v[1];
+  m_v[2] -= v.m_v[2];
+  return *this;
+}
+
+vec3d vec3d::operator*(double s) const {
+  return vec3d(m_v[0] * s, m_v[1] * s, m_v[2] * s);
+}
+
+vec3d& vec3d::operator*=(double s) {
+  scalar(s);
+  return *this;
+}
+
+double vec3d::operator*(vec3d const& v) const {
+  return dot(v);
+}
+
+void vec3d::neg() {
+  m_v[0] = -m_v[0];
+  m_v[1] = -m_v[1];
+  m_v[2] = -m_v[2];
+}
+
+void vec3d::abs() {
+  m_v[0] = std::fabs(m_v[0]);
+  m_v[1] = std::fabs(m_v[1]);
+  m_v[2] = std::fabs(m_v[2]);
+}
+
+void vec3d::add(vec3d const& a, vec3d const& b) {
+  set(a.m_v[0] + b.m_v[0], a.m_v[1] + b.m_v[1], a.m_v[2] + b.m_v[2]);
+}
+
+void vec3d::sub(vec3d const& a, vec3d const& b) {
+  set(a.m_v[0] - b.m_v[0], a.m_v[1] - b.m_v[1], a.m_v[2] - b.m_v[2]);
+}
+
+void vec3d::scalar(double s) {
+  m_v[0] *= s;
+  m_v[1] *= s;
+  m_v[2] *= s;
+}
+
+double vec3d::dot(vec3d const& v) const {
+  return m_v[0] * v.m_v[0] + m_v[1] * v.m_v[1] + m_v[2] * v.m_v[2];
+}
+
+double vec3d::squared() const {
+  return dot(*this);
+}
+
+double vec3d::length() const {
+  return std::sqrt(squared());
+}
+
+void vec3d::linear_comb(double a, vec3d u, double b, vec3d v) {
+  set(a * u.m_v[0] + b * v.m_v[0], a * u.m_v[1] + b * v.m_v[1], a * u.m_v[2] + b * v.m_v[2]);
+}
+
+void vec3d::cross(vec3d const& a, vec3d const& b) {
+  set(a.m_v[1] * b.m_v[2] - a.m_v[2] * b.m_v[1], a.m_v[2] * b.m_v[0] - a.m_v[0] * b.m_v[2],
+      a.m_v[0] * b.m_v[1] - a.m_v[1] * b.m_v[0]);
+}
+
+void vec3d::lerp(vec3d const& a, vec3d const& b, double t) {
+  set((b.m_v[0] - a.m_v[0]) * t + a.m_v[0], (b.m_v[1] - a.m_v[1]) * t + a.m_v[1],
+      (b.m_v[2] - a.m_v[2]) * t + a.m_v[2]);
+}
+
+void vec3d::min(vec3d const& v) {
+  for (int i = 0; i < 3; ++i) {
+    if (m_v[i] > v.m_v[i]) {
+      m_v[i] = v.m_v[i];
+    }
+  }
+}
+
+void vec3d::max(vec3d const& v) {
+  for (int i = 0; i < 3; ++i) {
+    if (v.m_v[i] > m_v[i]) {
+      m_v[i] = v.m_v[i];
+    }
+  }
+}
+
+bool vec3d::cmp(vec3d const& v, double eps) const {
+  for (int i = 0; i < 3; ++i) {
+    // Written so that a NaN difference fails.
+    if (!(std::fabs(m_v[i] - v.m_v[i]) < eps)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool vec3d::operator==(vec3d const& v) const {
+  return cmp(v, kTiny);
+}
+
+bool vec3d::operator!=(vec3d const& v) const {
+  return !cmp(v, kTiny);
+}
+
+void vec3d::normalize() {
+  double const l = length();
+  if (std::fabs(l) < kTiny) {
+    zero();
+    return;
+  }
+  scalar(1.0 / l);
+}
+
+void vec3d::homogenize() {
+  m_v[0] *= m_v[2];
+  m_v[1] *= m_v[2];
+}
+
+void vec3d::rationalize() {
+  if (std::fabs(m_v[2]) < kTiny) {
+    zero();
+    return;
+  }
+  double const r = 1.0 / m_v[2];
+  m_v[0] *= r;
+  m_v[1] *= r;
+  m_v[2] = 1.0;
+}
+
+void vec3d::cartesianize() {
+  // The weight is tested on z but divides by w, which a lone vec3d lacks.
+  if (std::fabs(m_v[2]) < kTiny) {
+    zero();
+    return;
+  }
+  double const w = 1.0;
+  double const r = 1.0 / w;
+  m_v[0] *= r;
+  m_v[1] *= r;
+  m_v[2] = 1.0;
+}
+
+void vec3d::perp(vec3d v) {
+  double const a = std::fabs(v.m_v[0]);
+  double const b = std::fabs(v.m_v[1]);
+  double const c = std::fabs(v.m_v[2]);
+  int k;
+  if (b >= a) {
+    k = c >= a ? 0 : 2;
+  } else {
+    k = c >= b ? 1 : 2;
+  }
+  int const i = k == 0 ? 1 : 0;
+  int const j = k == 2 ? 1 : 2;
+  m_v[k] = 0.0;
+  m_v[i] = v.m_v[j];
+  m_v[j] = -v.m_v[i];
+  if (v.length() == 1.0 && v.m_v[k] == 0.0) {
+    return;
+  }
+  normalize();
+}
+
+void vec3d::normal(vec3d const& a, vec3d const& b, vec3d const& c) {
+  vec3d const u = c - b;
+  vec3d const w = a - b;
+  cross(u, w);
+  normalize();
+}
+
+void vec3d::cubic(vec3d const& p0, vec3d const& m0, vec3d const& m1, vec3d const& p1, double t) {
+  double const t2 = t * t;
+  double const t3 = t2 * t;
+  double const h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
+  double const h01 = 3.0 * t2 - 2.0 * t3;
+  double const h10 = t3 - 2.0 * t2 + t;
+  double const h11 = t3 - t2;
+  for (int i = 0; i < 3; ++i) {
+    m_v[i] = h00 * p0.m_v[i] + h01 * p1.m_v[i] + h10 * m0.m_v[i] + h11 * m1.m_v[i];
+  }
+}

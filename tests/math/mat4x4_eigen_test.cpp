@@ -1,0 +1,216 @@
+// Cross-checks of the matrix algebra against Eigen, which reads the same
+// column-major storage through Eigen::Map<Eigen::Matrix4d>.
+
+#include <lumagrid/mat4x4.h>
+
+#include <gtest/gtest.h>
+
+#include <Eigen/Dense>
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+using MapM = Eigen::Map<Eigen::Matrix4d>;
+using MapCM = Eigen::Map<Eigen::Matrix4d const>;
+
+MapCM view(mat4x4 const& m) {
+  return MapCM(static_cast<double const*>(m));
+}
+
+mat4x4 randomMatrix(std::mt19937& rng, double lo = -1.0, double hi = 1.0) {
+  std::uniform_real_distribution<double> dist(lo, hi);
+  mat4x4 m;
+  for (int i = 0; i < 16; ++i) {
+    static_cast<double*>(m)[i] = dist(rng);
+  }
+  return m;
+}
+
+// Random, with a dominant diagonal so that the condition number stays small.
+mat4x4 wellConditioned(std::mt19937& rng) {
+  mat4x4 m = randomMatrix(rng);
+  std::uniform_int_distribution<int> sign(0, 1);
+  for (int i = 0; i < 4; ++i) {
+    m[i][i] += sign(rng) ? 4.0 : -4.0;
+  }
+  return m;
+}
+
+double maxAbsDiff(Eigen::Matrix4d const& a, Eigen::Matrix4d const& b) {
+  return (a - b).cwiseAbs().maxCoeff();
+}
+
+constexpr int kCases = 1000;
+
+TEST(Mat4x4Eigen, ProductMatchesEigen) {
+  std::mt19937 rng(101);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const a = randomMatrix(rng, -10.0, 10.0);
+    mat4x4 const b = randomMatrix(rng, -10.0, 10.0);
+    Eigen::Matrix4d const expected = view(a) * view(b);
+    ASSERT_LT(maxAbsDiff(view(a * b), expected), 1e-12) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, DetMatchesEigen) {
+  std::mt19937 rng(202);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
+    double const expected = view(m).determinant();
+    ASSERT_NEAR(m.det(), expected, 1e-12 * (1.0 + std::fabs(expected))) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, TransposedDetIsTheSame) {
+  std::mt19937 rng(203);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
+    mat4x4 t = m;
+    t.transpose();
+    ASSERT_NEAR(t.det(), m.det(), 1e-12) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, AdjugateTimesMatrixIsDetTimesIdentity) {
+  std::mt19937 rng(303);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
+    mat4x4 a = m;
+    a.adjoint();
+    double const d = m.det();
+    Eigen::Matrix4d const expected = d * Eigen::Matrix4d::Identity();
+    ASSERT_LT(maxAbsDiff(view(a) * view(m), expected), 1e-10) << "case " << n;
+    ASSERT_LT(maxAbsDiff(view(m) * view(a), expected), 1e-10) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, AdjugateOfWellConditionedIsDetTimesEigensInverse) {
+  std::mt19937 rng(304);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = wellConditioned(rng);
+    mat4x4 a = m;
+    a.adjoint();
+    Eigen::Matrix4d const expected = m.det() * view(m).inverse();
+    ASSERT_LT(maxAbsDiff(view(a), expected), 1e-10 * expected.cwiseAbs().maxCoeff())
+        << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, InverseMatchesEigen) {
+  std::mt19937 rng(404);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = wellConditioned(rng);
+    mat4x4 inv = m;
+    ASSERT_TRUE(inv.inv()) << "case " << n;
+    Eigen::Matrix4d const expected = view(m).inverse();
+    ASSERT_LT(maxAbsDiff(view(inv), expected), 1e-13) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, InverseOfGeneralRandomMatricesMatchesEigen) {
+  std::mt19937 rng(405);
+  int inverted = 0;
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
+    Eigen::Matrix4d const em = view(m);
+    Eigen::JacobiSVD<Eigen::Matrix4d> svd(em);
+    double const cond = svd.singularValues()(0) / svd.singularValues()(3);
+    if (cond > 1e4) {
+      continue;
+    }
+    mat4x4 inv = m;
+    ASSERT_TRUE(inv.inv()) << "case " << n;
+    Eigen::Matrix4d const expected = em.inverse();
+    ASSERT_LT(maxAbsDiff(view(inv), expected), 1e-15 * cond * expected.cwiseAbs().maxCoeff() * 16)
+        << "case " << n;
+    ++inverted;
+  }
+  EXPECT_GT(inverted, kCases / 2);
+}
+
+TEST(Mat4x4Eigen, InverseTimesMatrixIsIdentity) {
+  std::mt19937 rng(406);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = wellConditioned(rng);
+    mat4x4 inv = m;
+    ASSERT_TRUE(inv.inv());
+    mat4x4 id;
+    id.identity();
+    ASSERT_TRUE((inv * m).cmp(id, 1e-14)) << "case " << n;
+    ASSERT_TRUE((m * inv).cmp(id, 1e-14)) << "case " << n;
+  }
+}
+
+TEST(Mat4x4Eigen, PointTransformMatchesEigen) {
+  std::mt19937 rng(505);
+  std::uniform_real_distribution<double> dist(-100.0, 100.0);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 m = randomMatrix(rng, -2.0, 2.0);
+    // An affine bottom row, as the transform treats it.
+    m[0][3] = m[1][3] = m[2][3] = 0.0;
+    m[3][3] = 1.0;
+    vec3d v(dist(rng), dist(rng), dist(rng));
+    Eigen::Vector4d const expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), 1.0);
+    vec3d const r = m * v;
+    m.transform(v);
+    for (int k = 0; k < 3; ++k) {
+      ASSERT_NEAR(v[k], expected[k], 1e-12) << "case " << n;
+      ASSERT_EQ(r[k], v[k]) << "case " << n;
+    }
+  }
+}
+
+TEST(Mat4x4Eigen, Vec4dTransformMatchesEigen) {
+  std::mt19937 rng(506);
+  std::uniform_real_distribution<double> dist(-10.0, 10.0);
+  for (int n = 0; n < kCases; ++n) {
+    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
+    vec4d v(dist(rng), dist(rng), dist(rng), dist(rng));
+    Eigen::Vector4d const expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), v.w());
+    vec4d const shortcut = m * v;
+    m.transform(v);
+    for (int k = 0; k < 4; ++k) {
+      ASSERT_NEAR(v[k], expected[k], 1e-12) << "case " << n;
+    }
+    ASSERT_NEAR(shortcut.z(), expected[2], 1e-12);
+    ASSERT_EQ(shortcut.w(), shortcut.z());
+  }
+}
+
+TEST(Mat4x4Eigen, AxisTransformsMatchEigensProducts) {
+  std::mt19937 rng(607);
+  std::uniform_real_distribution<double> angle(-3.0, 3.0);
+  for (int n = 0; n < 200; ++n) {
+    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
+    double const a = angle(rng);
+    mat4x4 r;
+    r.loadRotateX(a);
+    mat4x4 x = m;
+    x.rotateX(a);
+    ASSERT_LT(maxAbsDiff(view(x), view(m) * view(r)), 1e-14);
+    r.loadRotateY(a);
+    mat4x4 y = m;
+    y.rotateY(a);
+    ASSERT_LT(maxAbsDiff(view(y), view(m) * view(r)), 1e-14);
+    r.loadRotateZ(a);
+    mat4x4 z = m;
+    z.rotateZ(a);
+    ASSERT_LT(maxAbsDiff(view(z), view(m) * view(r)), 1e-14);
+    mat4x4 affine = m;
+    affine[0][3] = affine[1][3] = affine[2][3] = 0.0;
+    mat4x4 t;
+    t.loadTranslate(0.5, -1.5, 2.0);
+    mat4x4 tr = affine;
+    tr.translate(0.5, -1.5, 2.0);
+    ASSERT_LT(maxAbsDiff(view(tr), view(affine) * view(t)), 1e-14);
+    mat4x4 s;
+    s.loadScale(2.0, -0.5, 3.0);
+    mat4x4 sc = m;
+    sc.scale(2.0, -0.5, 3.0);
+    ASSERT_LT(maxAbsDiff(view(sc), view(m) * view(s)), 1e-14);
+  }
+}
+
+}  // namespace
