@@ -10,11 +10,11 @@ class mat4x4;
 
 // Rotation quaternion; w is the scalar part. The identity is (0, 0, 0, 1).
 class LUMAGRID_API MQuat {
-public:
+ public:
   double x, y, z, w;
 
-  MQuat();  // the identity
-  MQuat(double x, double y, double z, double w);
+  MQuat() : x(0.0), y(0.0), z(0.0), w(1.0) {}  // the identity
+  MQuat(double x_, double y_, double z_, double w_) : x(x_), y(y_), z(z_), w(w_) {}
   // Turns by -angle about axis in the column-vector reading.
   MQuat(vec3d const& axis, double angle);
   MQuat(mat4x4 const& m);

@@ -9,7 +9,7 @@
 
 // Rotation as an axis and an angle in radians: four doubles in that order.
 class LUMAGRID_API MRot {
-public:
+ public:
   vec3d axis;
   double angle;
 
