@@ -1,0 +1,29 @@
+#ifndef LUMAGRID_LUMAGRID_H
+#define LUMAGRID_LUMAGRID_H
+
+// Everything Lumagrid exports.
+
+// Math toolkit
+#include <lumagrid/vec3d.h>
+#include <lumagrid/vec4d.h>
+#include <lumagrid/mat4x4.h>
+#include <lumagrid/MQuat.h>
+#include <lumagrid/MRot.h>
+
+// Object model and rendering core
+#include <lumagrid/CGLColor.h>
+#include <lumagrid/CGLPoint.h>
+#include <lumagrid/CGLObject.h>
+#include <lumagrid/CGLScene.h>
+#include <lumagrid/CGLGroup.h>
+#include <lumagrid/CGLParams.h>
+
+// Quadric shapes
+#include <lumagrid/CGLQuadric.h>
+#include <lumagrid/CGLSphere.h>
+#include <lumagrid/CGLCylinder.h>
+#include <lumagrid/CGLCone.h>
+#include <lumagrid/CGLArrow.h>
+#include <lumagrid/CGLAxis.h>
+
+#endif
