@@ -9,14 +9,11 @@
 #include <glm/glm.hpp>
 
 #include <cstring>
-#include <random>
 #include <vector>
 
-namespace {
+#include "bench_support.h"
 
-// Enough distinct inputs that nothing is constant-folded or trivially
-// predicted, few enough to stay in L1.
-constexpr std::size_t kInputs = 64;
+namespace {
 
 struct Inputs {
   std::vector<mat4x4> lg;
@@ -27,12 +24,11 @@ struct Inputs {
   std::vector<glm::dvec3> glmPts;
 
   Inputs() {
-    std::mt19937 rng(8675309);
-    std::uniform_real_distribution<double> dist(-1.0, 1.0);
-    for (std::size_t n = 0; n < kInputs; ++n) {
+    bench::Random rng(8675309);
+    for (std::size_t n = 0; n < bench::kInputs; ++n) {
       double e[16];
       for (double& x : e) {
-        x = dist(rng);
+        x = rng.uniform(-1.0, 1.0);
       }
       // A dominant diagonal keeps every matrix invertible, while the full
       // pivot search still sees varied values.
@@ -46,9 +42,9 @@ struct Inputs {
       glm::dmat4 g;
       std::memcpy(&g[0][0], e, sizeof e);
       glm.push_back(g);
-      double const x = dist(rng) * 10.0;
-      double const y = dist(rng) * 10.0;
-      double const z = dist(rng) * 10.0;
+      double const x = rng.uniform(-1.0, 1.0) * 10.0;
+      double const y = rng.uniform(-1.0, 1.0) * 10.0;
+      double const z = rng.uniform(-1.0, 1.0) * 10.0;
       lgPts.emplace_back(x, y, z);
       eigPts.emplace_back(x, y, z);
       glmPts.emplace_back(x, y, z);
@@ -57,110 +53,54 @@ struct Inputs {
 };
 
 Inputs const& inputs() {
-  static Inputs const in;
-  return in;
-}
-
-std::size_t next(std::size_t i) {
-  return (i + 1) % kInputs;
+  return bench::shared<Inputs>();
 }
 
 // ------------------------------------------------------------- product
 
 void productLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    mat4x4 r = in[i] * in[next(i)];
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachPair<mat4x4>(state, inputs().lg, bench::multiply);
 }
 
 void productEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    Eigen::Matrix4d r = in[i] * in[next(i)];
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachPair<Eigen::Matrix4d>(state, inputs().eig, bench::multiply);
 }
 
 void productGlm(benchmark::State& state) {
-  auto const& in = inputs().glm;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    glm::dmat4 r = in[i] * in[next(i)];
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachPair<glm::dmat4>(state, inputs().glm, bench::multiply);
 }
 
 // ------------------------------------------------------------- inverse
 
 void invLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    mat4x4 r = in[i];
+  bench::eachInput<mat4x4>(state, inputs().lg, [](mat4x4 const& m) {
+    mat4x4 r = m;
     bool ok = r.inv();
     benchmark::DoNotOptimize(ok);
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+    return r;
+  });
 }
 
 void invEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    Eigen::Matrix4d r = in[i].inverse();
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](auto const& m) { return m.inverse(); });
 }
 
 void invGlm(benchmark::State& state) {
-  auto const& in = inputs().glm;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    glm::dmat4 r = glm::inverse(in[i]);
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachInput<glm::dmat4>(state, inputs().glm, [](auto const& m) { return glm::inverse(m); });
 }
 
 // --------------------------------------------------------- determinant
 
 void detLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    double d = in[i].det();
-    benchmark::DoNotOptimize(d);
-    i = next(i);
-  }
+  bench::eachInput<double>(state, inputs().lg, [](auto const& m) { return m.det(); });
 }
 
 void detEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    double d = in[i].determinant();
-    benchmark::DoNotOptimize(d);
-    i = next(i);
-  }
+  bench::eachInput<double>(state, inputs().eig, [](auto const& m) { return m.determinant(); });
 }
 
 void detGlm(benchmark::State& state) {
-  auto const& in = inputs().glm;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    double d = glm::determinant(in[i]);
-    benchmark::DoNotOptimize(d);
-    i = next(i);
-  }
+  bench::eachInput<double>(state, inputs().glm, [](auto const& m) { return glm::determinant(m); });
 }
 
 // ------------------------------------------------------ point transform
@@ -168,36 +108,27 @@ void detGlm(benchmark::State& state) {
 void transformLumagrid(benchmark::State& state) {
   auto const& m = inputs().lg;
   auto const& p = inputs().lgPts;
-  std::size_t i = 0;
-  for (auto _ : state) {
+  bench::cycle<vec3d>(state, [&](std::size_t i) {
     vec3d v = p[i];
     m[i].transform(v);
-    benchmark::DoNotOptimize(v);
-    i = next(i);
-  }
+    return v;
+  });
 }
 
 void transformEigen(benchmark::State& state) {
   auto const& m = inputs().eig;
   auto const& p = inputs().eigPts;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    // The affine part of the 4x4 applied to a point, as transform() does.
-    Eigen::Vector3d v = m[i].topLeftCorner<3, 3>() * p[i] + m[i].col(3).head<3>();
-    benchmark::DoNotOptimize(v);
-    i = next(i);
-  }
+  // The affine part of the 4x4 applied to a point, as transform() does.
+  bench::cycle<Eigen::Vector3d>(state, [&](std::size_t i) {
+    return m[i].topLeftCorner<3, 3>() * p[i] + m[i].col(3).head<3>();
+  });
 }
 
 void transformGlm(benchmark::State& state) {
   auto const& m = inputs().glm;
   auto const& p = inputs().glmPts;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    glm::dvec3 v = glm::dvec3(m[i] * glm::dvec4(p[i], 1.0));
-    benchmark::DoNotOptimize(v);
-    i = next(i);
-  }
+  bench::cycle<glm::dvec3>(state,
+                           [&](std::size_t i) { return glm::dvec3(m[i] * glm::dvec4(p[i], 1.0)); });
 }
 
 }  // namespace

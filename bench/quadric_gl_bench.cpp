@@ -10,21 +10,11 @@
 #include <GL/glu.h>
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
+#include <array>
 
-#include "eglfixture/EglContext.h"
+#include "bench_gl_support.h"
 
 namespace {
-
-eglfixture::EglContext& Context() {
-  static eglfixture::EglContext context(64, 64);
-  if (!context.ok()) {
-    std::fprintf(stderr, "no GL context: %s\n", context.error().c_str());
-    std::exit(1);
-  }
-  return context;
-}
 
 // A shape that can be marked out of date without touching its transform,
 // so that every iteration recompiles the same geometry.
@@ -76,7 +66,7 @@ void HandArrow(GLUquadric* q) {
 
 template <class Shape>
 void CompileLumagrid(benchmark::State& state) {
-  Context();
+  bench::glContext();
   Recompiled<Shape> shape;
   shape.DisplayListMake();
   for (auto _ : state) {
@@ -88,7 +78,7 @@ void CompileLumagrid(benchmark::State& state) {
 
 template <void (*Emit)(GLUquadric*)>
 void CompileGlu(benchmark::State& state) {
-  Context();
+  bench::glContext();
   GLUquadric* q = gluNewQuadric();
   const GLuint list = glGenLists(1);
   for (auto _ : state) {
@@ -107,7 +97,7 @@ const float kGrey[4] = {0.5f, 0.5f, 0.5f, 1.0f};
 
 template <class Shape>
 void ReplayLumagrid(benchmark::State& state) {
-  Context();
+  bench::glContext();
   Shape shape;
   shape.Draw();
   glFinish();
@@ -119,22 +109,16 @@ void ReplayLumagrid(benchmark::State& state) {
 
 template <void (*Emit)(GLUquadric*)>
 void ReplayGl(benchmark::State& state) {
-  Context();
+  bench::glContext();
   GLUquadric* q = gluNewQuadric();
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   Emit(q);
   glEndList();
-  double identity[16] = {};
-  for (int k = 0; k < 16; k += 5)
-    identity[k] = 1.0;
+  const std::array<double, 16> identity = bench::translation(0.0, 0.0);
   glFinish();
   for (auto _ : state) {
-    glPushMatrix();
-    glMultMatrixd(identity);
-    glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, kGrey);
-    glCallList(list);
-    glPopMatrix();
+    bench::drawByHand(identity, kGrey, list);
     glFinish();
   }
   glDeleteLists(list, 1);

@@ -8,15 +8,11 @@
 
 #include <Eigen/Geometry>
 
-#include <cmath>
-#include <random>
 #include <vector>
 
-namespace {
+#include "bench_support.h"
 
-// Enough distinct inputs that nothing is constant-folded or trivially
-// predicted, few enough to stay in L1.
-constexpr std::size_t kInputs = 64;
+namespace {
 
 struct Inputs {
   std::vector<MQuat> lg;
@@ -24,11 +20,10 @@ struct Inputs {
   std::vector<double> t;
 
   Inputs() {
-    std::mt19937 rng(271828);
-    std::uniform_real_distribution<double> dist(-1.0, 1.0);
-    std::uniform_real_distribution<double> unit(0.0, 1.0);
-    while (lg.size() < kInputs) {
-      MQuat q(dist(rng), dist(rng), dist(rng), dist(rng));
+    bench::Random rng(271828);
+    while (lg.size() < bench::kInputs) {
+      MQuat q(rng.uniform(-1.0, 1.0), rng.uniform(-1.0, 1.0), rng.uniform(-1.0, 1.0),
+              rng.uniform(-1.0, 1.0));
       if (q.squared() < 0.01) {
         continue;
       }
@@ -39,68 +34,45 @@ struct Inputs {
       }
       lg.push_back(q);
       eig.emplace_back(q.w, q.x, q.y, q.z);
-      t.push_back(unit(rng));
+      t.push_back(rng.uniform(0.0, 1.0));
     }
   }
 };
 
 Inputs const& inputs() {
-  static Inputs const in;
-  return in;
-}
-
-std::size_t next(std::size_t i) {
-  return (i + 1) % kInputs;
+  return bench::shared<Inputs>();
 }
 
 // ------------------------------------------------------------- product
 
 void productLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    MQuat r = in[i] * in[next(i)];
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachPair<MQuat>(state, inputs().lg, bench::multiply);
 }
 
 void productEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    Eigen::Quaterniond r = in[i] * in[next(i)];
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::eachPair<Eigen::Quaterniond>(state, inputs().eig, bench::multiply);
 }
 
 // ------------------------------------------------------------- to matrix
 
 void toMatrixLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  std::size_t i = 0;
-  for (auto _ : state) {
+  bench::eachInput<mat4x4>(state, inputs().lg, [](MQuat const& q) {
     mat4x4 m;
-    m.loadRotate(in[i]);
-    benchmark::DoNotOptimize(m);
-    i = next(i);
-  }
+    m.loadRotate(q);
+    return m;
+  });
 }
 
 void toMatrixEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  std::size_t i = 0;
-  for (auto _ : state) {
+  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](Eigen::Quaterniond const& q) {
     // The same sixteen values as loadRotate writes.
     Eigen::Matrix4d m;
-    m.topLeftCorner<3, 3>() = in[i].toRotationMatrix();
+    m.topLeftCorner<3, 3>() = q.toRotationMatrix();
     m.row(3).setZero();
     m.col(3).setZero();
     m(3, 3) = 1.0;
-    benchmark::DoNotOptimize(m);
-    i = next(i);
-  }
+    return m;
+  });
 }
 
 // ------------------------------------------------------------- slerp
@@ -108,24 +80,18 @@ void toMatrixEigen(benchmark::State& state) {
 void slerpLumagrid(benchmark::State& state) {
   auto const& in = inputs().lg;
   auto const& t = inputs().t;
-  std::size_t i = 0;
-  for (auto _ : state) {
+  bench::cycle<MQuat>(state, [&](std::size_t i) {
     MQuat r;
-    r.slerp(in[i], in[next(i)], t[i]);
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+    r.slerp(in[i], in[bench::next(i)], t[i]);
+    return r;
+  });
 }
 
 void slerpEigen(benchmark::State& state) {
   auto const& in = inputs().eig;
   auto const& t = inputs().t;
-  std::size_t i = 0;
-  for (auto _ : state) {
-    Eigen::Quaterniond r = in[i].slerp(t[i], in[next(i)]);
-    benchmark::DoNotOptimize(r);
-    i = next(i);
-  }
+  bench::cycle<Eigen::Quaterniond>(
+      state, [&](std::size_t i) { return in[i].slerp(t[i], in[bench::next(i)]); });
 }
 
 }  // namespace

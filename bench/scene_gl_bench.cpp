@@ -12,14 +12,13 @@
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <unordered_map>
 #include <vector>
 
-#include "eglfixture/EglContext.h"
+#include "bench_gl_support.h"
 
 namespace {
 
@@ -34,15 +33,6 @@ class EmptyShape : public CGLObject {
   }
 };
 
-eglfixture::EglContext& Context() {
-  static eglfixture::EglContext context(64, 64);
-  if (!context.ok()) {
-    std::fprintf(stderr, "no GL context: %s\n", context.error().c_str());
-    std::exit(1);
-  }
-  return context;
-}
-
 // Per-shape transforms and colours, the same for both variants.
 void Placement(int i, double* x, double* y, double* r) {
   *x = (i % 100) * 0.01 - 0.5;
@@ -51,7 +41,7 @@ void Placement(int i, double* x, double* y, double* r) {
 }
 
 void BM_SceneDrawLumagrid(benchmark::State& state) {
-  Context();
+  bench::glContext();
   CGLScene scene;
   for (int i = 0; i < kDrawShapes; ++i) {
     double x, y, r;
@@ -70,9 +60,9 @@ void BM_SceneDrawLumagrid(benchmark::State& state) {
 }
 
 void BM_SceneDrawGL(benchmark::State& state) {
-  Context();
+  bench::glContext();
   struct Shape {
-    double matrix[16];
+    std::array<double, 16> matrix;
     float color[4];
     GLuint list;
   };
@@ -81,10 +71,7 @@ void BM_SceneDrawGL(benchmark::State& state) {
     double x, y, r;
     Placement(i, &x, &y, &r);
     Shape& s = shapes[static_cast<std::size_t>(i)];
-    for (int k = 0; k < 16; ++k)
-      s.matrix[k] = (k % 5 == 0) ? 1.0 : 0.0;
-    s.matrix[12] = x;
-    s.matrix[13] = y;
+    s.matrix = bench::translation(x, y);
     s.color[0] = static_cast<float>(r);
     s.color[1] = 0.5f;
     s.color[2] = 0.25f;
@@ -95,13 +82,8 @@ void BM_SceneDrawGL(benchmark::State& state) {
   }
   glFinish();
   for (auto _ : state) {
-    for (const Shape& s : shapes) {
-      glPushMatrix();
-      glMultMatrixd(s.matrix);
-      glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, s.color);
-      glCallList(s.list);
-      glPopMatrix();
-    }
+    for (const Shape& s : shapes)
+      bench::drawByHand(s.matrix, s.color, s.list);
   }
   glFinish();
   state.SetItemsProcessed(state.iterations() * kDrawShapes);
