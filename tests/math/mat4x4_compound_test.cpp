@@ -128,7 +128,7 @@ TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
     MQuat const q = rnd.unitQuat();
     mat4x4 m;
     m.loadRotate(q);
-    expectRotationNear(m, Eigen::Quaterniond(q.w, q.x, q.y, q.z).toRotationMatrix(), 1e-15);
+    expectRotationNear(m, Eigen::Quaterniond(q.w, q.x, q.y, q.z).toRotationMatrix(), 1e-14);
   }
 }
 
@@ -141,7 +141,7 @@ TEST(Mat4x4CompoundTest, LoadRotateNormalisesImplicitly) {
   expectMatrixNear(b, a, 1e-15);
   Eigen::Quaterniond e(q.w, q.x, q.y, q.z);
   e.normalize();
-  expectRotationNear(b, e.toRotationMatrix(), 1e-15);
+  expectRotationNear(b, e.toRotationMatrix(), 1e-14);
 }
 
 TEST(Mat4x4CompoundTest, LoadRotateOfZeroQuaternionIsTheIdentity) {
