@@ -63,7 +63,7 @@ def math_seeds():
                         u8(M_DET_ADJOINT, 0) + u8(M_INVERSE) + u8(M_INVERSE) +
                         u8(M_LOAD_MATRIX) + tames(0.015625, 0, 0, 0, 0, 0.015625, 0, 0, 0, 0,
                                                   0.015625, 0, 0, 0, 0, 1) + u8(M_INVERSE))
-    seeds["specials"] = (u8(M_LOAD_MATRIX | RAW) + raws(*SPECIALS) + u8(M_DET_ADJOINT | RAW, 1) +
+    seeds["nonfinite"] = (u8(M_LOAD_MATRIX | RAW) + raws(*SPECIALS) + u8(M_DET_ADJOINT | RAW, 1) +
                          u8(M_INVERSE | RAW) + u8(M_REORTHOGONALIZE | RAW, 10) +
                          u8(M_VEC3_NORMALIZE | RAW) + raws(5e-324, 1e308, 1e308) +
                          u8(M_VEC3_PERP | RAW) + raws(math.nan, 0.0, -0.0, 1.0, 2.0, 3.0) +
