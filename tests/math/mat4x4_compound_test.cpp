@@ -156,6 +156,15 @@ TEST(Mat4x4CompoundTest, LoadRotateOfScaledIdentityIsTheIdentity) {
   expectMatrix(m, identityMatrix());
 }
 
+TEST(Mat4x4CompoundTest, LoadRotateOfATinyQuaternionUsesAUnitScale) {
+  // n = 2.5e-11 is below 1e-10, so s = 1.0 rather than 2 / n.
+  mat4x4 m = filledWith(7.0);
+  m.loadRotate(MQuat(5e-6, 0, 0, 0));
+  double const xx = 5e-6 * 5e-6;
+  expectMatrix(m, fromValues({1, 0, 0, 0, 0, 1.0 - (0.0 + xx), 0, 0, 0, 0, 1.0 - (0.0 + xx), 0,  //
+                              0, 0, 0, 1}));
+}
+
 TEST(Mat4x4CompoundTest, AxisAngleTurnsOppositeToLoadRotateZ) {
   mat4x4 m;
   m.loadRotate(vec3d(0, 0, 1), kPi / 2);

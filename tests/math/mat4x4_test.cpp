@@ -468,6 +468,18 @@ TEST(Mat4x4, InverseFailsWhenThePivotProductFallsBelowTheThreshold) {
   EXPECT_FALSE(m.inv());
 }
 
+TEST(Mat4x4, InverseAcceptsAPivotProductOfExactlyTheThreshold) {
+  // Pivots 1, 1, 1, 1e-7: the product equals the threshold, which passes.
+  mat4x4 m = diagonal(1.0, 1.0, 1.0, 1e-7);
+  EXPECT_TRUE(m.inv());
+  EXPECT_EQ(m[3][3], 1.0 / 1e-7);
+  double e[16] = {};
+  e[0] = e[5] = e[10] = 1.0;
+  e[15] = 1e-7;
+  EXPECT_TRUE(lumagrid::invertInPlacePortable(e));
+  EXPECT_EQ(e[15], 1.0 / 1e-7);
+}
+
 TEST(Mat4x4, FailedInverseLeavesThePartlyEliminatedMatrix) {
   mat4x4 m = diagonal(0.001, 0.001, 0.001, 1.0);
   ASSERT_FALSE(m.inv());

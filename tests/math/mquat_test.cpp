@@ -287,8 +287,22 @@ TEST(MQuatTest, InvertOfNearZeroGivesTheIdentity) {
   expectQuat(q, 0, 0, 0, 1);
 }
 
+TEST(MQuatTest, InvertOfATinyQuaternionGivesTheIdentity) {
+  // A test for an exact zero would give (-1, 0, 0, 0) here.
+  MQuat q(5e-11, 0, 0, 0);
+  q.invert();
+  expectQuat(q, 0, 0, 0, 1);
+}
+
 TEST(MQuatTest, LogOfIdentityIsZero) {
   MQuat q;
+  q.log();
+  expectQuat(q, 0, 0, 0, 0);
+}
+
+TEST(MQuatTest, LogClearsATinyVectorPart) {
+  // atan2(v, w) / v would keep x at about 5e-11.
+  MQuat q(5e-11, 0, 0, 1);
   q.log();
   expectQuat(q, 0, 0, 0, 0);
 }

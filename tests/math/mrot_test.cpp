@@ -96,6 +96,12 @@ TEST(MRotTest, IdentityQuaternionLeavesTheAxisCleared) {
   EXPECT_TRUE(std::signbit(r.angle));
 }
 
+TEST(MRotTest, TinySineLeavesTheAxisCleared) {
+  // sin(acos(-1)) is about 1.2e-16, not zero, but below the 1e-10 threshold.
+  MRot const r{MQuat(0.5, 0, 0, -1)};
+  expectRot(r, 0, 0, 0, std::acos(-1.0) * (-2.0));
+}
+
 TEST(MRotTest, ScalarPartBeyondOneIsNotClamped) {
   MRot const r{MQuat(0, 0, 0, 1.0000001)};
   EXPECT_TRUE(std::isnan(r.angle));

@@ -361,6 +361,16 @@ TEST(Vec3d, PerpMayTakeItself) {
   expectBits(v, 0.0, 1.0, -0.0);
 }
 
+TEST(Vec3d, PerpNormalisesAUnitInputWhoseZeroedComponentIsNonZero) {
+  // Unit length alone does not skip the normalisation: v[k] must be 0 too.
+  vec3d const in(0.36, 0.48, 0.8);
+  ASSERT_EQ(in.length(), 1.0);
+  vec3d v;
+  v.perp(in);
+  double const r = 1.0 / vec3d(0.0, 0.8, -0.48).length();
+  expectBits(v, 0.0, 0.8 * r, -0.48 * r);
+}
+
 TEST(Vec3d, NormalOfThreePoints) {
   vec3d n;
   n.normal(vec3d(0, 0, 0), vec3d(1, 0, 0), vec3d(1, 1, 0));
