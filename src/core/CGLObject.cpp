@@ -191,7 +191,8 @@ long CGLObject::SetMatrix(const mat4x4& m) {
 }
 
 long CGLObject::SetMatrix(double* m) {
-  std::memcpy(static_cast<double*>(m_matrix), m, 16 * sizeof(double));
+  // m may be this object's own matrix.
+  std::memmove(static_cast<double*>(m_matrix), m, 16 * sizeof(double));
   return 1;
 }
 

@@ -344,4 +344,37 @@ TEST(CGLGroupAbi, OverridesKeepTheBaseSlots) {
                 "one member beyond the base");
 }
 
+std::ptrdiff_t NamedSlot(const std::string& name) {
+  const std::vector<std::string>& names = VirtualNames();
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (names[i] == name)
+      return static_cast<std::ptrdiff_t>(i);
+  }
+  return -1;
+}
+
+TEST(CGLGroupAbi, SlotNamesMatchTheVirtualTable) {
+  using O = CGLObject;
+  EXPECT_EQ(VirtualNames().size(), 51u);
+  EXPECT_EQ(NamedSlot("ColorSet(d,d,d,d)"),
+            VtableSlot(static_cast<long (O::*)(double, double, double, double)>(&O::ColorSet)));
+  EXPECT_EQ(NamedSlot("ColorSet(C)"),
+            VtableSlot(static_cast<long (O::*)(const CGLColor&)>(&O::ColorSet)));
+  EXPECT_EQ(NamedSlot("DisplayListMake"), VtableSlot(&O::DisplayListMake));
+  EXPECT_EQ(NamedSlot("DrawDirect"), VtableSlot(&O::DrawDirect));
+  EXPECT_EQ(NamedSlot("Select"), VtableSlot(&O::Select));
+  EXPECT_EQ(NamedSlot("IsVisible"), VtableSlot(&O::IsVisible));
+  EXPECT_EQ(NamedSlot("DrawStart"), VtableSlot(&ObjectProbe::DrawStart));
+  EXPECT_EQ(NamedSlot("DrawSelection"), VtableSlot(&ObjectProbe::DrawSelection));
+}
+
+TEST(CGLGroupAbi, OverridesTheColourFormsListMakingImmediateDrawAndSelectOnly) {
+  glrec::recorder().reset();
+  const CGLObject base;
+  const CGLGroup group;
+  EXPECT_THAT(OverriddenVirtuals(group, base),
+              ::testing::ElementsAre("ColorSet(d,d,d,d)", "ColorSet(ul)", "ColorSet(d)",
+                                     "ColorSet(C)", "DisplayListMake", "DrawDirect", "Select"));
+}
+
 }  // namespace

@@ -361,6 +361,14 @@ TEST(CGLObjectSetMatrix, ArrayIsCopiedInOrderWithoutMarkingModified) {
   EXPECT_FALSE(o.m_bModified);
 }
 
+TEST(CGLObjectSetMatrix, OwnArrayIsAcceptedAndKeepsTheMatrix) {
+  ObjectProbe o = Clean();
+  o.m_matrix = Translation(1.0, 2.0, 3.0);
+  EXPECT_EQ(o.SetMatrix(static_cast<double*>(o.m_matrix)), 1);
+  EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 2.0, 3.0)));
+  EXPECT_FALSE(o.m_bModified);
+}
+
 TEST(CGLObjectSetMatrix, MatrixIsCopiedWithoutMarkingModified) {
   ObjectProbe o = Clean();
   const mat4x4 m = Translation(7.0, 8.0, 9.0);

@@ -205,6 +205,22 @@ TEST_F(CGLSceneTest, ShowGLShapesZeroSilencesTheWholeScene) {
   EXPECT_EQ(glrec::recorder().count("glCallList"), 1u);
 }
 
+class SceneProbe : public CGLScene {
+ public:
+  using CGLScene::m_bShowShapes;
+};
+
+TEST_F(CGLSceneTest, ShowGLShapesStoresTheIntUnchanged) {
+  SceneProbe scene;
+  EXPECT_EQ(scene.m_bShowShapes, 1);
+  scene.ShowGLShapes(2);
+  EXPECT_EQ(scene.m_bShowShapes, 2);
+  scene.ShowGLShapes(-7);
+  EXPECT_EQ(scene.m_bShowShapes, -7);
+  scene.ShowGLShapes(0);
+  EXPECT_EQ(scene.m_bShowShapes, 0);
+}
+
 // ---------------------------------------------------------------- ownership
 
 TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {

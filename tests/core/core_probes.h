@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <vector>
 
 // Opens the protected state of the core classes to the tests.
@@ -157,6 +158,80 @@ std::ptrdiff_t VtableSlot(PMF pmf) {
   if ((r.ptr & 1u) == 0)
     return -1;  // not virtual
   return static_cast<std::ptrdiff_t>((r.ptr - 1) / sizeof(void*));
+}
+
+// The names of CGLObject's virtual operations by slot ("~" for the two
+// destructor entries), in the order the vtable test pins.
+inline const std::vector<std::string>& VirtualNames() {
+  static const std::vector<std::string> names = {"Move(d)",
+                                                 "Move(d,d,d)",
+                                                 "Move(P)",
+                                                 "MoveTo(d)",
+                                                 "MoveTo(d,d,d)",
+                                                 "MoveTo(P)",
+                                                 "Scale(d)",
+                                                 "Scale(d,d,d)",
+                                                 "Scale(P)",
+                                                 "ScaleTo(d)",
+                                                 "ScaleTo(d,d,d)",
+                                                 "ScaleTo(P)",
+                                                 "Rotate(d,d,d)",
+                                                 "Rotate(P)",
+                                                 "RotateTo(d,d,d)",
+                                                 "RotateTo(P)",
+                                                 "RotateX",
+                                                 "RotateY",
+                                                 "RotateZ",
+                                                 "RotateXTo",
+                                                 "RotateYTo",
+                                                 "RotateZTo",
+                                                 "SetMatrix(M)",
+                                                 "SetMatrix(d*)",
+                                                 "ColorSet(d,d,d,d)",
+                                                 "ColorSet(ul)",
+                                                 "ColorSet(d)",
+                                                 "ColorSet(C)",
+                                                 "HLColorSet(d,d,d,d)",
+                                                 "HLColorSet(ul)",
+                                                 "HLColorSet(d)",
+                                                 "HLColorSet(C)",
+                                                 "ColorGet",
+                                                 "HLColorGet",
+                                                 "AlphaSet",
+                                                 "AlphaOff",
+                                                 "AlphaGet",
+                                                 "DisplayListsAllocate",
+                                                 "DisplayListMake",
+                                                 "Draw",
+                                                 "DrawDirect",
+                                                 "Select",
+                                                 "IsSelected",
+                                                 "SetVisible",
+                                                 "IsVisible",
+                                                 "~",
+                                                 "~",
+                                                 "DrawStart",
+                                                 "DrawTransform",
+                                                 "DrawFinish",
+                                                 "DrawSelection"};
+  return names;
+}
+
+// The virtual operations (destructor left out) whose entry in derived's
+// table differs from base's, i.e. the ones derived's class overrides.
+inline std::vector<std::string> OverriddenVirtuals(const CGLObject& derived,
+                                                   const CGLObject& base) {
+  const std::vector<std::string>& names = VirtualNames();
+  const void* const* d = nullptr;
+  const void* const* b = nullptr;
+  std::memcpy(&d, static_cast<const void*>(&derived), sizeof d);
+  std::memcpy(&b, static_cast<const void*>(&base), sizeof b);
+  std::vector<std::string> out;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (names[i] != "~" && d[i] != b[i])
+      out.push_back(names[i]);
+  }
+  return out;
 }
 
 #endif

@@ -1,0 +1,58 @@
+#include <lumagrid/CGLArrow.h>
+#include <lumagrid/CGLAxis.h>
+#include <lumagrid/CGLCone.h>
+#include <lumagrid/CGLCylinder.h>
+#include <lumagrid/CGLQuadric.h>
+#include <lumagrid/CGLSphere.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "../../core/core_probes.h"
+#include "glrecorder/GLRecorder.h"
+#include "shapes/quadric/CGLBox.h"
+#include "shapes/quadric/CGLCube.h"
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Each shape overrides the operations that supply its geometry and nothing
+// else; the tables are compared entry by entry with the base's.
+class Overrides : public ::testing::Test {
+ protected:
+  void SetUp() override { glrec::recorder().reset(); }
+};
+
+TEST_F(Overrides, QuadricOverridesNothing) {
+  const CGLObject base;
+  const CGLQuadric quadric;
+  EXPECT_THAT(OverriddenVirtuals(quadric, base), IsEmpty());
+}
+
+TEST_F(Overrides, SphereAndCylinderOverrideOnlyDisplayListMake) {
+  const CGLQuadric base;
+  EXPECT_THAT(OverriddenVirtuals(CGLSphere(), base), ElementsAre("DisplayListMake"));
+  EXPECT_THAT(OverriddenVirtuals(CGLCylinder(), base), ElementsAre("DisplayListMake"));
+}
+
+TEST_F(Overrides, ConeOverridesNothingOfTheCylinder) {
+  EXPECT_THAT(OverriddenVirtuals(CGLCone(), CGLCylinder()), IsEmpty());
+}
+
+TEST_F(Overrides, ArrowOverridesDisplayListMakeAndDrawDirect) {
+  EXPECT_THAT(OverriddenVirtuals(CGLArrow(), CGLQuadric()),
+              ElementsAre("DisplayListMake", "DrawDirect"));
+}
+
+TEST_F(Overrides, BoxOverridesOnlyDisplayListMakeAndCubeNothing) {
+  EXPECT_THAT(OverriddenVirtuals(CGLBox(), CGLObject()), ElementsAre("DisplayListMake"));
+  EXPECT_THAT(OverriddenVirtuals(CGLCube(), CGLBox()), IsEmpty());
+}
+
+TEST_F(Overrides, AxisOverridesNothingOfTheGroup) {
+  EXPECT_THAT(OverriddenVirtuals(CGLAxis(), CGLGroup()), IsEmpty());
+}
+
+}  // namespace
