@@ -5,6 +5,7 @@
 
 #include <array>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -286,6 +287,11 @@ struct ColourPassCase {
   std::function<long(CGLGroup&)> call;
   int byColor, byRef, byGrey, byFour;
 };
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const ColourPassCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class GroupColourPassTest : public ::testing::TestWithParam<ColourPassCase> {};
 

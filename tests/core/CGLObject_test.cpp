@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <functional>
+#include <ios>
+#include <ostream>
 #include <limits>
 #include <string>
 #include <vector>
@@ -290,6 +292,11 @@ struct RoutingCase {
   double x, y, z;
 };
 
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const RoutingCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
 class TransformRoutingTest : public ::testing::TestWithParam<RoutingCase> {};
 
 TEST_P(TransformRoutingTest, ReachesTheVirtualPointOverload) {
@@ -331,6 +338,11 @@ struct DirectCase {
   const char* name;
   std::function<long(RoutingObject&)> call;
 };
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const DirectCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class DirectTransformTest : public ::testing::TestWithParam<DirectCase> {};
 
@@ -383,6 +395,11 @@ struct ColorRefCase {
   unsigned long rgb;
   double r, g, b;
 };
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const ColorRefCase& c, std::ostream* os) {
+  *os << "0x" << std::hex << c.rgb;
+}
 
 class ColorRefTest : public ::testing::TestWithParam<ColorRefCase> {};
 

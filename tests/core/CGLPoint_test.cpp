@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <functional>
+#include <ostream>
 #include <limits>
 #include <string>
 #include <vector>
@@ -194,6 +195,11 @@ struct SynonymCase {
   std::function<long(CGLPoint&)> call;
   const char* reached;
 };
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const SynonymCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class TranslateSynonymTest : public ::testing::TestWithParam<SynonymCase> {};
 

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <ostream>
+#include <ios>
 #include <vector>
 
 namespace {
@@ -15,6 +17,11 @@ struct HashCase {
   std::uint64_t key;
   std::uint32_t hash;
 };
+
+// Names the case in test listings instead of dumping its bytes.
+void PrintTo(const HashCase& c, std::ostream* os) {
+  *os << "key 0x" << std::hex << c.key;
+}
 
 class ShapeMapHashTest : public ::testing::TestWithParam<HashCase> {};
 

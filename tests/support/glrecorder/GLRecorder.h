@@ -204,6 +204,9 @@ enum class GenLists {
   ReturnUnknown,  // returns a fresh name that glIsList rejects
 };
 
+// For test listings and failure messages.
+void PrintTo(GenLists mode, std::ostream* os);
+
 // The test-facing view of the double. There is one, shared by all entry points.
 class Recorder {
  public:

@@ -2,6 +2,8 @@
 
 #include "glrecorder/Emulator.h"
 
+#include <ostream>
+
 namespace glrec {
 namespace {
 
@@ -246,3 +248,17 @@ int Recorder::gleNumSides() const {
 }
 
 }  // namespace glrec
+
+void glrec::PrintTo(GenLists mode, std::ostream* os) {
+  switch (mode) {
+    case GenLists::Normal:
+      *os << "Normal";
+      return;
+    case GenLists::ReturnZero:
+      *os << "ReturnZero";
+      return;
+    case GenLists::ReturnUnknown:
+      *os << "ReturnUnknown";
+      return;
+  }
+}
