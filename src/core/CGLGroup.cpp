@@ -1,6 +1,21 @@
 #include <lumagrid/CGLGroup.h>
 
 #include <cstddef>
+#include <vector>
+
+namespace {
+
+// Visits the members from index 0, reading the count once and indexing with
+// at(): a member that shrinks the group while it is visited gets an
+// exception, not a stray read.
+template <class F>
+void ForEachMember(const std::vector<CGLObject*>& members, F&& f) {
+  const std::size_t n = members.size();
+  for (std::size_t i = 0; i < n; ++i)
+    f(members.at(i));
+}
+
+}  // namespace
 
 CGLGroup::CGLGroup() : CGLObject(), m_arrObjects() {}
 
@@ -16,49 +31,34 @@ int CGLGroup::Add(CGLObject* p) {
   return index;
 }
 
-// The member visits read the count once and index with at(): a member that
-// shrinks the group while it is visited gets an exception, not a stray read.
-
 void CGLGroup::Select(bool b) {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->Select(b);
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->Select(b); });
 }
 
 long CGLGroup::ColorSet(const CGLColor& col) {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->ColorSet(col);
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->ColorSet(col); });
   return CGLObject::ColorSet(col);
 }
 
 long CGLGroup::ColorSet(double v) {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->ColorSet(v);
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->ColorSet(v); });
   return CGLObject::ColorSet(v);
 }
 
 long CGLGroup::ColorSet(unsigned long rgb) {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->ColorSet(rgb);
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->ColorSet(rgb); });
   // Reaches the members a second time through ColorSet(const CGLColor&).
   return CGLObject::ColorSet(rgb);
 }
 
 long CGLGroup::ColorSet(double r, double g, double b, double a) {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->ColorSet(r, g, b, a);
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->ColorSet(r, g, b, a); });
   // Reaches the members a second time through ColorSet(const CGLColor&).
   return CGLObject::ColorSet(r, g, b, a);
 }
 
 long CGLGroup::DisplayListMake() {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->Draw();
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->Draw(); });
   // Pops here and again in Draw: a group pops once more than it pushes, and
   // hosts keep a spare matrix for it. No list is built, so the group stays
   // modified and comes back here at every Draw.
@@ -67,8 +67,6 @@ long CGLGroup::DisplayListMake() {
 }
 
 long CGLGroup::DrawDirect() {
-  const std::size_t n = m_arrObjects.size();
-  for (std::size_t i = 0; i < n; ++i)
-    m_arrObjects.at(i)->DrawDirect();
+  ForEachMember(m_arrObjects, [&](CGLObject* p) { p->DrawDirect(); });
   return 1;
 }

@@ -206,6 +206,16 @@ CGLColor ColorFromRef(unsigned long rgb) {
                   static_cast<double>((rgb >> 16) & 0xFFUL) / 255.0, 1.0);
 }
 
+// Assigns v to c when they differ (a NaN channel always differs); true when
+// it did.
+template <class V>
+bool AssignIfDifferent(CGLColor& c, const V& v) {
+  if (!(c != v))
+    return false;
+  c = v;
+  return true;
+}
+
 }  // namespace
 
 long CGLObject::ColorSet(double r, double g, double b, double a) {
@@ -217,18 +227,14 @@ long CGLObject::ColorSet(unsigned long rgb) {
 }
 
 long CGLObject::ColorSet(double v) {
-  if (m_color != v) {
+  if (AssignIfDifferent(m_color, v))
     m_bModified = true;
-    m_color = v;
-  }
   return 1;
 }
 
 long CGLObject::ColorSet(const CGLColor& c) {
-  if (m_color != c) {
+  if (AssignIfDifferent(m_color, c))
     m_bModified = true;
-    m_color = c;
-  }
   return 1;
 }
 
@@ -241,18 +247,14 @@ long CGLObject::HLColorSet(unsigned long rgb) {
 }
 
 long CGLObject::HLColorSet(double v) {
-  if (m_hlColor != v) {
+  if (AssignIfDifferent(m_hlColor, v))
     m_bModified = true;
-    m_hlColor = v;
-  }
   return 1;
 }
 
 long CGLObject::HLColorSet(const CGLColor& c) {
-  if (m_hlColor != c) {
+  if (AssignIfDifferent(m_hlColor, c))
     m_bModified = true;
-    m_hlColor = c;
-  }
   return 1;
 }
 
