@@ -5,7 +5,7 @@
 // Input: a sequence of operations, each one byte (its value modulo kOpCount
 // picks the operation) followed by the operation's own bytes. Numbers are
 // FuzzInput::Tame() values unless the operation reads a mode byte first.
-// Runs against the recording GL double.
+// Runs against the recording GL double; kTile is the tests' stand-in quad.
 
 #include <lumagrid/CGLArrow.h>
 #include <lumagrid/CGLAxis.h>
@@ -21,6 +21,7 @@
 
 #include "fuzz_input.h"
 #include "glrecorder/GLRecorder.h"
+#include "standin/QuadShape.h"
 
 #include <GL/gl.h>
 
@@ -72,34 +73,6 @@ void Destroyed(CGLObject* p);
 void EnterDraw(CGLObject* p);
 void LeaveDraw();
 
-// A shape of its own: one quad, built through the base's list protocol.
-class Tile : public CGLObject {
- public:
-  explicit Tile(float half) : m_fHalf(half) {}
-
-  long DisplayListMake() override {
-    return DisplayListCompile([this] { Emit(); });
-  }
-  long DrawDirect() override {
-    return DrawImmediate([this] { Emit(); });
-  }
-
- private:
-  void Emit() const {
-    glBegin(GL_QUADS);
-    {
-      glNormal3f(0.0f, 0.0f, 1.0f);
-      glVertex3f(-m_fHalf, -m_fHalf, 0.0f);
-      glVertex3f(m_fHalf, -m_fHalf, 0.0f);
-      glVertex3f(m_fHalf, m_fHalf, 0.0f);
-      glVertex3f(-m_fHalf, m_fHalf, 0.0f);
-    }
-    glEnd();
-  }
-
-  float m_fHalf;
-};
-
 // Reports its destruction and its top-level draws to the fuzzer.
 template <class Base>
 class Counted : public Base {
@@ -143,8 +116,9 @@ std::uint32_t Bucket(const CGLObject* p) {
   const std::int64_t q = v / 127773;
   const std::int64_t r = v % 127773;
   std::int64_t h = 16807 * r - 2836 * q;
-  if (h < 0)
+  if (h < 0) {
     h += 2147483647;
+  }
   return static_cast<std::uint32_t>(h) % 512u;
 }
 
@@ -182,8 +156,9 @@ class SceneFuzzer {
   }
 
   void OnEnterDraw(CGLObject* p) {
-    if (m_nDrawDepth++ == 0)
+    if (m_nDrawDepth++ == 0) {
       m_drawn.push_back(p);
+    }
   }
   void OnLeaveDraw() { --m_nDrawDepth; }
 
@@ -199,7 +174,7 @@ class SceneFuzzer {
     const int count = m_in.Byte() % 9 - 2;
     switch (kind) {
       case kTile:
-        return new Counted<Tile>(half);
+        return new Counted<QuadShape>(half);
       case kBare:
         return new Counted<CGLObject>();
       case kSphere:
@@ -207,14 +182,17 @@ class SceneFuzzer {
       case kCylinder:
         return count < 0 ? new Counted<CGLCylinder>() : new Counted<CGLCylinder>(a, b, flag);
       case kCone:
-        if (count < 0)
+        if (count < 0) {
           return new Counted<CGLCone>();
-        if (count < 3)
+        }
+        if (count < 3) {
           return new Counted<CGLCone>(a, b, flag);
+        }
         return new Counted<CGLCone>(a, b, c, flag);
       case kArrow:
-        if (flag)
+        if (flag) {
           return new Counted<CGLArrow>();
+        }
         return new Counted<CGLArrow>(a, b, count % 2 == 0, count, c, half);
       case kGroup:
         return new Counted<CGLGroup>();
@@ -235,7 +213,7 @@ class SceneFuzzer {
     node.kind = kind;
     switch (kind) {
       case kTile:
-        node.matrix = MatrixOf<Tile>(p);
+        node.matrix = MatrixOf<QuadShape>(p);
         break;
       case kBare:
         node.matrix = MatrixOf<CGLObject>(p);
@@ -274,8 +252,9 @@ class SceneFuzzer {
   // p and every counted member below it.
   void Closure(CGLObject* p, std::set<CGLObject*>& out) const {
     out.insert(p);
-    for (CGLObject* kid : m_live.at(p).kids)
+    for (CGLObject* kid : m_live.at(p).kids) {
       Closure(kid, out);
+    }
   }
 
   bool InScene(const CGLObject* p) const {
@@ -284,8 +263,9 @@ class SceneFuzzer {
 
   CGLObject* PickLive() {
     const int b = m_in.Byte();
-    if (m_order.empty())
+    if (m_order.empty()) {
       return nullptr;
+    }
     return m_order[static_cast<std::size_t>(b) % m_order.size()];
   }
 
@@ -299,12 +279,14 @@ class SceneFuzzer {
       case 1:
         return &m_outsider;
       case 2:
-        if (!m_dead.empty())
+        if (!m_dead.empty()) {
           return m_dead[static_cast<std::size_t>(b / 8) % m_dead.size()];
+        }
         return nullptr;
       default:
-        if (m_order.empty())
+        if (m_order.empty()) {
           return &m_outsider;
+        }
         return m_order[static_cast<std::size_t>(b / 8) % m_order.size()];
     }
   }
@@ -316,8 +298,9 @@ class SceneFuzzer {
     m_died.clear();
     f();
     FUZZ_CHECK(m_died == expected);
-    for (CGLObject* p : expected)
+    for (CGLObject* p : expected) {
       m_sceneSeq.erase(p);
+    }
     m_expected.clear();
     m_died.clear();
   }
@@ -369,12 +352,14 @@ class SceneFuzzer {
         GroupAdd();
         break;
       case kDraw:
-        if (CGLObject* p = PickLive())
+        if (CGLObject* p = PickLive()) {
           FUZZ_CHECK(p->Draw() == 1);
+        }
         break;
       case kDrawDirect:
-        if (CGLObject* p = PickLive())
+        if (CGLObject* p = PickLive()) {
           p->DrawDirect();
+        }
         break;
       case kTransform:
         Transform();
@@ -406,21 +391,23 @@ class SceneFuzzer {
 
   void Create() {
     const int kind = m_in.Byte() % kKindCount;
-    if (m_live.size() >= kMaxLive)
+    if (m_live.size() >= kMaxLive) {
       return;
+    }
     CGLObject* p = Make(kind);
     Track(p, kind);
   }
 
   void Clone() {
     CGLObject* src = PickLive();
-    if (src == nullptr || m_live.size() >= kMaxLive)
+    if (src == nullptr || m_live.size() >= kMaxLive) {
       return;
+    }
     const int kind = m_live.at(src).kind;
     CGLObject* p = nullptr;
     switch (kind) {
       case kTile:
-        p = new Counted<Tile>(static_cast<const Counted<Tile>&>(*src));
+        p = new Counted<QuadShape>(static_cast<const Counted<QuadShape>&>(*src));
         break;
       case kBare:
         p = new Counted<CGLObject>(static_cast<const Counted<CGLObject>&>(*src));
@@ -443,18 +430,21 @@ class SceneFuzzer {
     Track(p, kind);
     // The copy shares the source's quadric handle, so that handle is
     // released once more.
-    if (m_live.at(p).quadric)
+    if (m_live.at(p).quadric) {
       ++m_nSharedQuadrics;
+    }
   }
 
   void SceneAdd() {
     CGLObject* p = PickLive();
-    if (p == nullptr)
+    if (p == nullptr) {
       return;
+    }
     Node& node = m_live.at(p);
     // A shape has at most one owner; adding it to the scene again is fine.
-    if (node.owner == Owner::Group)
+    if (node.owner == Owner::Group) {
       return;
+    }
     FUZZ_CHECK(m_scene->AddGLShape(p) == 1);
     if (node.owner == Owner::Harness) {
       node.owner = Owner::Scene;
@@ -465,17 +455,20 @@ class SceneFuzzer {
   void SceneDelete() {
     CGLObject* p = PickAny();
     std::set<CGLObject*> expected;
-    if (InScene(p))
+    if (InScene(p)) {
       Closure(p, expected);
+    }
     ExpectDeaths(expected,
                  [&] { FUZZ_CHECK(m_scene->DeleteGLShape(p) == (expected.empty() ? 0 : 1)); });
     if (!expected.empty()) {
-      for (CGLObject* d : expected)
+      for (CGLObject* d : expected) {
         Forget(d);
+      }
     }
     // Gone now: deleting it again finds nothing.
-    if (p != nullptr && !expected.empty())
+    if (p != nullptr && !expected.empty()) {
       FUZZ_CHECK(m_scene->DeleteGLShape(p) == 0);
+    }
   }
 
   // Visibility and selection of a live shape and of its counted members.
@@ -485,12 +478,14 @@ class SceneFuzzer {
   };
   std::map<CGLObject*, Flagged> Snapshot(CGLObject* p) {
     std::map<CGLObject*, Flagged> snap;
-    if (p == nullptr || m_live.count(p) == 0)
+    if (p == nullptr || m_live.count(p) == 0) {
       return snap;
+    }
     std::set<CGLObject*> all;
     Closure(p, all);
-    for (CGLObject* q : all)
+    for (CGLObject* q : all) {
       snap[q] = Flagged{q->IsVisible(), q->IsSelected()};
+    }
     return snap;
   }
 
@@ -502,10 +497,11 @@ class SceneFuzzer {
     m_scene->ShowGLShape(p, show);
     for (const auto& entry : before) {
       const long visible = entry.first->IsVisible();
-      if (present && entry.first == p)
+      if (present && entry.first == p) {
         FUZZ_CHECK(visible == (show != 0 ? 1 : 0));
-      else
+      } else {
         FUZZ_CHECK(visible == entry.second.visible);
+      }
     }
   }
 
@@ -518,10 +514,11 @@ class SceneFuzzer {
     for (const auto& entry : before) {
       const long selected = entry.first->IsSelected();
       // A group passes the request on to its members and stays as it was.
-      if (present && m_live.at(entry.first).group == nullptr)
+      if (present && m_live.at(entry.first).group == nullptr) {
         FUZZ_CHECK(selected == (select != 0 ? 1 : 0));
-      else
+      } else {
         FUZZ_CHECK(selected == entry.second.selected);
+      }
     }
   }
 
@@ -535,8 +532,9 @@ class SceneFuzzer {
       return bx != by ? bx < by : x.second > y.second;
     });
     std::vector<CGLObject*> order;
-    for (const auto& e : entries)
+    for (const auto& e : entries) {
       order.push_back(e.first);
+    }
     return order;
   }
 
@@ -559,18 +557,20 @@ class SceneFuzzer {
     m_in.SetTame(tame);
     mat4x4 m;
     double* e = m;
-    for (int k = 0; k < 16; ++k)
+    for (int k = 0; k < 16; ++k) {
       e[k] = m_in.Number();
+    }
     m_in.SetTame(true);
     return m;
   }
 
   void SceneSetMatrix() {
     mat4x4 m = ReadMatrix();
-    if (m_in.Bool())
+    if (m_in.Bool()) {
       FUZZ_CHECK(m_scene->SetMatrix(m) == 1);
-    else
+    } else {
       FUZZ_CHECK(m_scene->SetMatrix(static_cast<double*>(m)) == 1);
+    }
     // Each shape's own transform is replaced, bit for bit.
     for (const auto& entry : m_sceneSeq) {
       const mat4x4& own = *m_live.at(entry.first).matrix;
@@ -581,27 +581,32 @@ class SceneFuzzer {
 
   void SceneReset() {
     std::set<CGLObject*> expected;
-    for (const auto& entry : m_sceneSeq)
+    for (const auto& entry : m_sceneSeq) {
       Closure(entry.first, expected);
+    }
     ExpectDeaths(expected, [&] { m_scene->ResetGLShapes(); });
-    for (CGLObject* d : expected)
+    for (CGLObject* d : expected) {
       Forget(d);
+    }
     FUZZ_CHECK(m_sceneSeq.empty());
   }
 
   void GroupAdd() {
     CGLObject* g = PickLive();
     CGLObject* p = PickLive();
-    if (g == nullptr || p == nullptr || p == g)
+    if (g == nullptr || p == nullptr || p == g) {
       return;
+    }
     Node& gn = m_live.at(g);
     Node& pn = m_live.at(p);
     // Only a shape nobody owns yet, and never one of the group's ancestors.
-    if (gn.group == nullptr || pn.owner != Owner::Harness)
+    if (gn.group == nullptr || pn.owner != Owner::Harness) {
       return;
+    }
     for (CGLObject* up = gn.parent; up != nullptr; up = m_live.at(up).parent) {
-      if (up == p)
+      if (up == p) {
         return;
+      }
     }
     FUZZ_CHECK(gn.group->Add(p) == gn.members);
     ++gn.members;
@@ -618,8 +623,9 @@ class SceneFuzzer {
     const double y = m_in.Number();
     const double z = m_in.Number();
     m_in.SetTame(true);
-    if (p == nullptr)
+    if (p == nullptr) {
       return;
+    }
     switch (what % 16) {
       case 0:
         FUZZ_CHECK(p->Move(x) == 1);
@@ -680,8 +686,9 @@ class SceneFuzzer {
     const unsigned long green = m_in.Byte();
     const unsigned long red = m_in.Byte();
     const unsigned long rgb = blue << 16 | green << 8 | red;
-    if (p == nullptr)
+    if (p == nullptr) {
       return;
+    }
     switch (what % 9) {
       case 0:
         FUZZ_CHECK(p->ColorSet(r, g, b, a) == 1);
@@ -719,8 +726,9 @@ class SceneFuzzer {
   void Flags() {
     CGLObject* p = PickLive();
     const int what = m_in.Byte();
-    if (p == nullptr)
+    if (p == nullptr) {
       return;
+    }
     const bool on = (what & 2) != 0;
     if ((what & 1) != 0) {
       p->SetVisible(on);
@@ -728,10 +736,11 @@ class SceneFuzzer {
     } else {
       const long before = p->IsSelected();
       p->Select(on);
-      if (m_live.at(p).group == nullptr)
+      if (m_live.at(p).group == nullptr) {
         FUZZ_CHECK(p->IsSelected() == (on ? 1 : 0));
-      else
+      } else {
         FUZZ_CHECK(p->IsSelected() == before);
+      }
     }
   }
 
@@ -739,8 +748,9 @@ class SceneFuzzer {
     CGLObject* p = PickLive();
     const int what = m_in.Byte();
     const double v = m_in.Tame();
-    if (p == nullptr || m_live.at(p).kind != kArrow)
+    if (p == nullptr || m_live.at(p).kind != kArrow) {
       return;
+    }
     auto* arrow = static_cast<Counted<CGLArrow>*>(p);
     switch (what % 7) {
       case 0:
@@ -782,24 +792,28 @@ class SceneFuzzer {
     // The scene deletes its own shapes.
     {
       std::set<CGLObject*> expected;
-      for (const auto& entry : m_sceneSeq)
+      for (const auto& entry : m_sceneSeq) {
         Closure(entry.first, expected);
+      }
       ExpectDeaths(expected, [&] { m_scene.reset(); });
-      for (CGLObject* d : expected)
+      for (CGLObject* d : expected) {
         Forget(d);
+      }
     }
     // The rest is the harness's: top-level shapes it never handed over.
     std::vector<CGLObject*> mine;
     for (const auto& entry : m_live) {
-      if (entry.second.owner == Owner::Harness)
+      if (entry.second.owner == Owner::Harness) {
         mine.push_back(entry.first);
+      }
     }
     for (CGLObject* p : mine) {
       std::set<CGLObject*> expected;
       Closure(p, expected);
       ExpectDeaths(expected, [&] { delete p; });
-      for (CGLObject* d : expected)
+      for (CGLObject* d : expected) {
         Forget(d);
+      }
     }
     FUZZ_CHECK(m_live.empty());
     FUZZ_CHECK(m_nCreated == m_nDestroyed);
@@ -819,7 +833,7 @@ class SceneFuzzer {
 
   FuzzInput& m_in;
   std::unique_ptr<CGLScene> m_scene;
-  Tile m_outsider;  // never handed to anyone
+  QuadShape m_outsider;  // never handed to anyone
 
   std::map<CGLObject*, Node> m_live;
   std::vector<CGLObject*> m_order;  // m_live's keys in order of creation

@@ -102,10 +102,23 @@ class LUMAGRID_API CGLObject {
   // (the object then stays modified and the next Draw retries).
   template <class Emit>
   long DisplayListCompile(Emit&& emit) {
-    if (!m_bModified)
+    return DisplayListCompileIf([] { return true; }, std::forward<Emit>(emit));
+  }
+
+  // The same, for shapes that may have nothing to draw: after the list name
+  // is had, ready() prepares the geometry and says whether there is any.
+  // When there is none the old list stays and the object stays modified.
+  template <class Ready, class Emit>
+  long DisplayListCompileIf(Ready&& ready, Emit&& emit) {
+    if (!m_bModified) {
       return 1;
-    if (DisplayListsAllocate() == 0)
+    }
+    if (DisplayListsAllocate() == 0) {
       return 0;
+    }
+    if (!std::forward<Ready>(ready)()) {
+      return 0;
+    }
     DisplayListBegin();
     std::forward<Emit>(emit)();
     DisplayListEnd();
@@ -116,10 +129,12 @@ class LUMAGRID_API CGLObject {
   // Draws emit() at once inside the object's transform and colour.
   template <class Emit>
   long DrawImmediate(Emit&& emit) {
-    if (!m_bVisible)
+    if (!m_bVisible) {
       return 1;
-    if (DrawStart() != 1)
+    }
+    if (DrawStart() != 1) {
       return 1;
+    }
     std::forward<Emit>(emit)();
     DrawFinish();
     return 0;

@@ -11,8 +11,9 @@ namespace {
 template <class F>
 void ForEachMember(const std::vector<CGLObject*>& members, F&& f) {
   const std::size_t n = members.size();
-  for (std::size_t i = 0; i < n; ++i)
+  for (std::size_t i = 0; i < n; ++i) {
     f(members.at(i));
+  }
 }
 
 }  // namespace
@@ -20,8 +21,9 @@ void ForEachMember(const std::vector<CGLObject*>& members, F&& f) {
 CGLGroup::CGLGroup() : CGLObject(), m_arrObjects() {}
 
 CGLGroup::~CGLGroup() {
-  for (CGLObject* p : m_arrObjects)
+  for (CGLObject* p : m_arrObjects) {
     delete p;
+  }
   m_arrObjects.clear();
 }
 

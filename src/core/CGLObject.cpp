@@ -7,6 +7,8 @@
 int CGLObject::s_nSlices4New = 128;
 int CGLObject::s_nStacks4New = 8;
 
+// The tessellation defaults are taken here, once, for every shape: the
+// sphere tessellates with them like the others.
 CGLObject::CGLObject()
     : m_color(),
       m_hlColor(),
@@ -21,36 +23,15 @@ CGLObject::CGLObject()
   CGLObject::HLColorSet(0xFF00UL);
 }
 
-CGLObject::CGLObject(const CGLObject& o)
-    : m_matrix(o.m_matrix),
-      m_color(o.m_color),
-      m_hlColor(o.m_hlColor),
-      m_nDisplayList(o.m_nDisplayList),
-      m_bVisible(o.m_bVisible),
-      m_bSelected(o.m_bSelected),
-      m_bModified(o.m_bModified),
-      m_nSlices(o.m_nSlices),
-      m_nStacks(o.m_nStacks),
-      m_pQuadric(o.m_pQuadric) {}
+CGLObject::CGLObject(const CGLObject&) = default;
 
-CGLObject& CGLObject::operator=(const CGLObject& o) {
-  m_matrix = o.m_matrix;
-  m_color = o.m_color;
-  m_hlColor = o.m_hlColor;
-  m_nDisplayList = o.m_nDisplayList;
-  m_bVisible = o.m_bVisible;
-  m_bSelected = o.m_bSelected;
-  m_bModified = o.m_bModified;
-  m_nSlices = o.m_nSlices;
-  m_nStacks = o.m_nStacks;
-  m_pQuadric = o.m_pQuadric;
-  return *this;
-}
+CGLObject& CGLObject::operator=(const CGLObject&) = default;
 
 CGLObject::~CGLObject() {
   // A copy may share this list; whichever dies first deletes it.
-  if (m_nDisplayList > 0)
+  if (m_nDisplayList > 0) {
     glDeleteLists(static_cast<GLuint>(m_nDisplayList), 1);
+  }
 }
 
 std::uint64_t CGLObject::GetID() const {
@@ -61,8 +42,9 @@ std::uint64_t CGLObject::GetID() const {
 
 long CGLObject::Move(double d) {
   // 1.0 is the no-op value here, as for Scale; Move(0.0) is applied.
-  if (d == 1.0)
+  if (d == 1.0) {
     return 1;
+  }
   m_matrix.translate(d, d, d);
   m_bModified = true;
   return 1;
@@ -74,8 +56,9 @@ long CGLObject::Move(double x, double y, double z) {
 
 long CGLObject::Move(const CGLPoint& p) {
   // 1.0 is the no-op value here, as for Scale.
-  if (p == 1.0)
+  if (p == 1.0) {
     return 1;
+  }
   m_matrix.translate(p.X(), p.Y(), p.Z());
   m_bModified = true;
   return 1;
@@ -98,8 +81,9 @@ long CGLObject::MoveTo(const CGLPoint& p) {
 }
 
 long CGLObject::Scale(double d) {
-  if (d == 1.0)
+  if (d == 1.0) {
     return 1;
+  }
   m_matrix.scale(d, d, d);
   m_bModified = true;
   return 1;
@@ -110,8 +94,9 @@ long CGLObject::Scale(double x, double y, double z) {
 }
 
 long CGLObject::Scale(const CGLPoint& p) {
-  if (p == 1.0)
+  if (p == 1.0) {
     return 1;
+  }
   m_matrix.scale(p.X(), p.Y(), p.Z());
   m_bModified = true;
   return 1;
@@ -138,8 +123,9 @@ long CGLObject::Rotate(double x, double y, double z) {
 }
 
 long CGLObject::Rotate(const CGLPoint& p) {
-  if (p == 0.0)
+  if (p == 0.0) {
     return 1;
+  }
   m_matrix.rotateX(p.X());
   m_matrix.rotateY(p.Y());
   m_matrix.rotateZ(p.Z());
@@ -210,8 +196,9 @@ CGLColor ColorFromRef(unsigned long rgb) {
 // it did.
 template <class V>
 bool AssignIfDifferent(CGLColor& c, const V& v) {
-  if (!(c != v))
+  if (!(c != v)) {
     return false;
+  }
   c = v;
   return true;
 }
@@ -227,14 +214,16 @@ long CGLObject::ColorSet(unsigned long rgb) {
 }
 
 long CGLObject::ColorSet(double v) {
-  if (AssignIfDifferent(m_color, v))
+  if (AssignIfDifferent(m_color, v)) {
     m_bModified = true;
+  }
   return 1;
 }
 
 long CGLObject::ColorSet(const CGLColor& c) {
-  if (AssignIfDifferent(m_color, c))
+  if (AssignIfDifferent(m_color, c)) {
     m_bModified = true;
+  }
   return 1;
 }
 
@@ -247,14 +236,16 @@ long CGLObject::HLColorSet(unsigned long rgb) {
 }
 
 long CGLObject::HLColorSet(double v) {
-  if (AssignIfDifferent(m_hlColor, v))
+  if (AssignIfDifferent(m_hlColor, v)) {
     m_bModified = true;
+  }
   return 1;
 }
 
 long CGLObject::HLColorSet(const CGLColor& c) {
-  if (AssignIfDifferent(m_hlColor, c))
+  if (AssignIfDifferent(m_hlColor, c)) {
     m_bModified = true;
+  }
   return 1;
 }
 
@@ -267,8 +258,9 @@ const CGLColor& CGLObject::HLColorGet() {
 }
 
 long CGLObject::AlphaSet(double a) {
-  if (m_color.AlphaGet() == a)
+  if (m_color.AlphaGet() == a) {
     return 1;
+  }
   m_bModified = true;
   return m_color.AlphaSet(a);
 }
@@ -288,8 +280,9 @@ double CGLObject::AlphaGet() {
 long CGLObject::DisplayListsAllocate() {
   if (!glIsList(static_cast<GLuint>(m_nDisplayList))) {
     m_nDisplayList = static_cast<int>(glGenLists(1));
-    if (!glIsList(static_cast<GLuint>(m_nDisplayList)))
+    if (!glIsList(static_cast<GLuint>(m_nDisplayList))) {
       m_nDisplayList = -1;
+    }
   }
   return m_nDisplayList != -1 ? 1 : 0;
 }
@@ -299,14 +292,18 @@ long CGLObject::DisplayListMake() {
 }
 
 long CGLObject::Draw() {
-  if (!m_bVisible)
+  if (!m_bVisible) {
     return 1;
-  if (DrawStart() != 1)
+  }
+  if (DrawStart() != 1) {
     return 1;
-  if (m_bModified)
+  }
+  if (m_bModified) {
     DisplayListMake();
-  if (m_nDisplayList >= 0)
+  }
+  if (m_nDisplayList >= 0) {
     glCallList(static_cast<GLuint>(m_nDisplayList));
+  }
   DrawFinish();
   return 1;
 }
@@ -318,10 +315,11 @@ long CGLObject::DrawDirect() {
 long CGLObject::DrawStart() {
   glPushMatrix();
   DrawTransform();
-  if (m_bSelected)
+  if (m_bSelected) {
     m_hlColor.GLColor();
-  else
+  } else {
     m_color.GLColor();
+  }
   return 1;
 }
 

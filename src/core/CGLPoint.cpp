@@ -219,8 +219,9 @@ const CGLPoint& CGLPoint::operator*=(const CGLPoint& p) {
 
 const CGLPoint& CGLPoint::operator/=(const CGLPoint& p) {
   // The guard tests the dividend, not the divisor; callers rely on both.
-  if (m_dX == 0.0 || m_dY == 0.0 || m_dZ == 0.0)
+  if (m_dX == 0.0 || m_dY == 0.0 || m_dZ == 0.0) {
     return *this;
+  }
   m_dX /= p.m_dX;
   m_dY /= p.m_dY;
   m_dZ /= p.m_dZ;
@@ -249,8 +250,9 @@ const CGLPoint& CGLPoint::operator*=(double d) {
 }
 
 const CGLPoint& CGLPoint::operator/=(double d) {
-  if (d == 0.0)
+  if (d == 0.0) {
     return *this;
+  }
   m_dX /= d;
   m_dY /= d;
   m_dZ /= d;

@@ -30,8 +30,9 @@ int CGLScene::AddGLShape(CGLObject* p) {
 
 int CGLScene::DeleteGLShape(CGLObject* p) {
   CGLObject** slot = m_mapShapes->Lookup(KeyOf(p));
-  if (slot == nullptr)
+  if (slot == nullptr) {
     return 0;
+  }
   CGLObject* shape = *slot;
   const int removed = m_mapShapes->RemoveKey(KeyOf(p)) ? 1 : 0;
   delete shape;
@@ -39,13 +40,15 @@ int CGLScene::DeleteGLShape(CGLObject* p) {
 }
 
 void CGLScene::ShowGLShape(CGLObject* p, int bShow) {
-  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p)))
+  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p))) {
     (*slot)->SetVisible(bShow != 0);
+  }
 }
 
 void CGLScene::SelectGLShape(CGLObject* p, int bSelect) {
-  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p)))
+  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p))) {
     (*slot)->Select(bSelect != 0);
+  }
 }
 
 void CGLScene::ShowGLShapes(int bShow) {
@@ -53,8 +56,9 @@ void CGLScene::ShowGLShapes(int bShow) {
 }
 
 void CGLScene::DrawGLShapes() {
-  if (m_bShowShapes == 0)
+  if (m_bShowShapes == 0) {
     return;
+  }
   m_mapShapes->ForEach([](CGLObject* p) { p->Draw(); });
 }
 

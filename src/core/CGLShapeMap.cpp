@@ -13,8 +13,9 @@ std::uint32_t CGLShapeMap::Hash(std::uint64_t key) {
   // |16807 r| and |2836 q| both stay below 2^31 and share a sign, so the
   // difference fits; 64 bits make that obvious.
   std::int64_t h = 16807 * static_cast<std::int64_t>(r) - 2836 * static_cast<std::int64_t>(q);
-  if (h < 0)
+  if (h < 0) {
     h += 2147483647;
+  }
   return static_cast<std::uint32_t>(h);
 }
 
@@ -55,8 +56,9 @@ void CGLShapeMap::SetAt(std::uint64_t key, CGLObject* value) {
 CGLObject** CGLShapeMap::Lookup(std::uint64_t key) {
   const std::uint32_t hash = Hash(key);
   for (Entry* e = m_apBuckets[hash % kBuckets]; e != nullptr; e = e->pNext) {
-    if (e->nHash == hash && e->nKey == key)
+    if (e->nHash == hash && e->nKey == key) {
       return &e->pValue;
+    }
   }
   return nullptr;
 }
@@ -77,8 +79,9 @@ bool CGLShapeMap::RemoveKey(std::uint64_t key) {
 }
 
 void CGLShapeMap::RemoveAll() {
-  for (Entry*& head : m_apBuckets)
+  for (Entry*& head : m_apBuckets) {
     head = nullptr;
+  }
   while (m_pBlocks != nullptr) {
     Block* next = m_pBlocks->pNext;
     delete m_pBlocks;
@@ -90,7 +93,8 @@ void CGLShapeMap::RemoveAll() {
 
 std::size_t CGLShapeMap::GetBlockCount() const {
   std::size_t n = 0;
-  for (const Block* b = m_pBlocks; b != nullptr; b = b->pNext)
+  for (const Block* b = m_pBlocks; b != nullptr; b = b->pNext) {
     ++n;
+  }
   return n;
 }

@@ -44,20 +44,24 @@ class CGLShapeMap {
   // three ahead and shapes two ahead while f works on the current one.
   template <class F>
   void ForEach(F&& f) const {
-    if (m_nCount == 0)
+    if (m_nCount == 0) {
       return;
+    }
     std::uint32_t bucket = 0;
     const Entry* e0 = Advance(nullptr, bucket);
     const Entry* e1 = e0 != nullptr ? Advance(e0, bucket) : nullptr;
     const Entry* e2 = e1 != nullptr ? Advance(e1, bucket) : nullptr;
-    if (e1 != nullptr)
+    if (e1 != nullptr) {
       PrefetchShape(e1->pValue);
+    }
     while (e0 != nullptr) {
       const Entry* e3 = e2 != nullptr ? Advance(e2, bucket) : nullptr;
-      if (e3 != nullptr)
+      if (e3 != nullptr) {
         __builtin_prefetch(e3);
-      if (e2 != nullptr)
+      }
+      if (e2 != nullptr) {
         PrefetchShape(e2->pValue);
+      }
       // Read before f: f may delete the shape, never the entry.
       CGLObject* value = e0->pValue;
       f(value);
@@ -85,13 +89,15 @@ class CGLShapeMap {
   // bucket is the bucket of e and follows the walk.
   const Entry* Advance(const Entry* e, std::uint32_t& bucket) const {
     if (e != nullptr) {
-      if (e->pNext != nullptr)
+      if (e->pNext != nullptr) {
         return e->pNext;
+      }
       ++bucket;
     }
     for (; bucket < kBuckets; ++bucket) {
-      if (m_apBuckets[bucket] != nullptr)
+      if (m_apBuckets[bucket] != nullptr) {
         return m_apBuckets[bucket];
+      }
     }
     return nullptr;
   }
@@ -100,8 +106,9 @@ class CGLShapeMap {
   // colours, which its Draw reads first. Integer arithmetic, as p may be null.
   static void PrefetchShape(const CGLObject* p) {
     const auto a = reinterpret_cast<std::uintptr_t>(p);
-    for (std::uintptr_t off = 0; off < 256; off += 64)
+    for (std::uintptr_t off = 0; off < 256; off += 64) {
       __builtin_prefetch(reinterpret_cast<const void*>(a + off));
+    }
   }
 
   Entry* m_apBuckets[kBuckets];

@@ -12,6 +12,7 @@
 #include "core_probes.h"
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 
@@ -27,10 +28,7 @@ std::string MaterialLine(float r, float g, float b, float a) {
   return line("glMaterialfv", en(GL_FRONT), en(GL_AMBIENT_AND_DIFFUSE), c);
 }
 
-class CGLGroupTest : public ::testing::Test {
- protected:
-  void SetUp() override { glrec::recorder().reset(); }
-};
+class CGLGroupTest : public RecordedTest {};
 
 // Counts the colour requests that reach it, per overload.
 class ColorCountingShape : public QuadShape {
@@ -293,10 +291,9 @@ void PrintTo(const ColourPassCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class GroupColourPassTest : public ::testing::TestWithParam<ColourPassCase> {};
+class GroupColourPassTest : public RecordedTestWithParam<ColourPassCase> {};
 
 TEST_P(GroupColourPassTest, MembersHearEachOverloadTheDocumentedNumberOfTimes) {
-  glrec::recorder().reset();
   CGLGroup g;
   auto* a = new ColorCountingShape;
   auto* b = new ColorCountingShape;
@@ -353,8 +350,9 @@ TEST(CGLGroupAbi, OverridesKeepTheBaseSlots) {
 std::ptrdiff_t NamedSlot(const std::string& name) {
   const std::vector<std::string>& names = VirtualNames();
   for (std::size_t i = 0; i < names.size(); ++i) {
-    if (names[i] == name)
+    if (names[i] == name) {
       return static_cast<std::ptrdiff_t>(i);
+    }
   }
   return -1;
 }

@@ -12,6 +12,7 @@
 #include "core_probes.h"
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 
@@ -43,8 +44,9 @@ std::vector<std::string> QuadLines(float s) {
 
 std::vector<std::string> Join(std::vector<std::vector<std::string>> parts) {
   std::vector<std::string> all;
-  for (auto& p : parts)
+  for (auto& p : parts) {
     all.insert(all.end(), p.begin(), p.end());
+  }
   return all;
 }
 
@@ -52,10 +54,7 @@ glrec::Recorder& Rec() {
   return glrec::recorder();
 }
 
-class CGLObjectDrawTest : public ::testing::Test {
- protected:
-  void SetUp() override { Rec().reset(); }
-};
+class CGLObjectDrawTest : public RecordedTest {};
 
 // Counts the pipeline's calls of its overridable steps.
 class CountingShape : public QuadShape {
@@ -68,8 +67,9 @@ class CountingShape : public QuadShape {
     return QuadShape::DisplayListMake();
   }
   long DrawStart() override {
-    if (startResult != 1)
+    if (startResult != 1) {
       return startResult;
+    }
     return QuadShape::DrawStart();
   }
   long DrawSelection() override {
@@ -112,8 +112,9 @@ TEST_F(CGLObjectDrawTest, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) 
 TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
   QuadShape q;
   double raw[16];
-  for (int i = 0; i < 16; ++i)
+  for (int i = 0; i < 16; ++i) {
     raw[i] = 1.0 / (i + 3);
+  }
   q.SetMatrix(raw);
   q.Draw();
   const auto mult = Rec().callsNamed("glMultMatrixd");
@@ -307,10 +308,9 @@ TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 }
 
-class GenListsFailureTest : public ::testing::TestWithParam<glrec::GenLists> {};
+class GenListsFailureTest : public RecordedTestWithParam<glrec::GenLists> {};
 
 TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
-  Rec().reset();
   Rec().setGenLists(GetParam());
   QuadShape q;
   EXPECT_EQ(q.DisplayListsAllocate(), 0);

@@ -8,6 +8,7 @@
 
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 
@@ -15,10 +16,8 @@ using glrec::en;
 using glrec::line;
 using glrec::LinesEq;
 
-class CGLParamsTest : public ::testing::Test {
+class CGLParamsTest : public RecordedTest {
  protected:
-  void SetUp() override { glrec::recorder().reset(); }
-
   // An orthographic projection, left current in the given mode.
   static void Ortho(double l, double r, double b, double t, double n, double f, GLenum mode) {
     glMatrixMode(GL_PROJECTION);
@@ -59,8 +58,9 @@ TEST_F(CGLParamsTest, SetClippingPlanesRewritesOnlyTheDepthTerms) {
                   "glMatrixMode(GL_MODELVIEW)",
               }));
   const auto after = glrec::recorder().matrix(GL_PROJECTION);
-  for (int i : {0, 5, 12, 13})
+  for (int i : {0, 5, 12, 13}) {
     EXPECT_EQ(after[static_cast<std::size_t>(i)], before[static_cast<std::size_t>(i)]) << i;
+  }
   double n = 0.0;
   double f = 0.0;
   CGLParams::GetClippingPlanes(n, f);

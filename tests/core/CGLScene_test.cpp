@@ -14,6 +14,7 @@
 #include "core_probes.h"
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 
@@ -28,24 +29,28 @@ std::uint32_t BucketOf(const void* p) {
   const std::int64_t q = v / 127773;  // truncates toward zero
   const std::int64_t r = v - q * 127773;
   std::int64_t h = 16807 * r - 2836 * q;
-  if (h < 0)
+  if (h < 0) {
     h += 2147483647;
+  }
   return static_cast<std::uint32_t>(h) % 512u;
 }
 
 // Buckets in ascending order, and within a bucket the newest shape first.
 Log ExpectedOrder(const Log& added) {
   std::vector<std::pair<std::uint32_t, std::size_t>> keys;
-  for (std::size_t i = 0; i < added.size(); ++i)
+  for (std::size_t i = 0; i < added.size(); ++i) {
     keys.emplace_back(BucketOf(added[i]), added.size() - i);
+  }
   std::vector<std::size_t> idx(added.size());
-  for (std::size_t i = 0; i < idx.size(); ++i)
+  for (std::size_t i = 0; i < idx.size(); ++i) {
     idx[i] = i;
+  }
   std::sort(idx.begin(), idx.end(),
             [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
   Log order;
-  for (std::size_t i : idx)
+  for (std::size_t i : idx) {
     order.push_back(added[i]);
+  }
   return order;
 }
 
@@ -79,24 +84,23 @@ ArenaShape* NewAt(void* where, Log* drawn, Log* deleted = nullptr) {
 // Arena slots grouped by the bucket they hash to.
 std::map<std::uint32_t, std::vector<void*>> SlotsByBucket() {
   std::map<std::uint32_t, std::vector<void*>> m;
-  for (std::size_t i = 0; i < ArenaShape::kSlots; ++i)
+  for (std::size_t i = 0; i < ArenaShape::kSlots; ++i) {
     m[BucketOf(ArenaShape::Slot(i))].push_back(ArenaShape::Slot(i));
+  }
   return m;
 }
 
 std::vector<void*> ThreeSlotsInOneBucket() {
   for (auto& [bucket, slots] : SlotsByBucket()) {
-    if (slots.size() >= 3)
+    if (slots.size() >= 3) {
       return {slots[0], slots[1], slots[2]};
+    }
   }
   ADD_FAILURE() << "no bucket with three arena slots";
   return {};
 }
 
-class CGLSceneTest : public ::testing::Test {
- protected:
-  void SetUp() override { glrec::recorder().reset(); }
-};
+class CGLSceneTest : public RecordedTest {};
 
 // ---------------------------------------------------------------- basics
 
@@ -226,8 +230,9 @@ TEST_F(CGLSceneTest, ShowGLShapesStoresTheIntUnchanged) {
 TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {
   int deaths = 0;
   CGLScene scene;
-  for (int i = 0; i < 3; ++i)
+  for (int i = 0; i < 3; ++i) {
     scene.AddGLShape(new CountedShape(&deaths));
+  }
   scene.ResetGLShapes();
   EXPECT_EQ(deaths, 3);
   glrec::recorder().clearCalls();
@@ -277,8 +282,9 @@ TEST_F(CGLSceneTest, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
   EXPECT_TRUE(SameValues(a->m_matrix, m));
   EXPECT_TRUE(SameValues(b->m_matrix, m));
   double raw[16];
-  for (int i = 0; i < 16; ++i)
+  for (int i = 0; i < 16; ++i) {
     raw[i] = 100.0 + i;
+  }
   EXPECT_EQ(scene.SetMatrix(raw), 1);
   EXPECT_EQ(static_cast<const double*>(a->m_matrix)[15], 115.0);
   EXPECT_EQ(static_cast<const double*>(b->m_matrix)[0], 100.0);
@@ -323,11 +329,13 @@ TEST_F(CGLSceneTest, OrderIsNotChangedByDeletingAndAddingOthers) {
     shapes.push_back(new LoggingShape(&drawn));
     scene.AddGLShape(shapes.back());
   }
-  for (int i = 0; i < 200; i += 3)
+  for (int i = 0; i < 200; i += 3) {
     scene.DeleteGLShape(shapes[i]);
+  }
   for (int i = 0; i < 200; ++i) {
-    if (i % 3 != 0)
+    if (i % 3 != 0) {
       added.push_back(shapes[i]);
+    }
   }
   scene.DrawGLShapes();
   EXPECT_EQ(drawn, ExpectedOrder(added));

@@ -10,6 +10,7 @@
 #include "core_probes.h"
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 
@@ -17,10 +18,7 @@ using glrec::en;
 using glrec::line;
 using glrec::LinesEq;
 
-class ValueGLTest : public ::testing::Test {
- protected:
-  void SetUp() override { glrec::recorder().reset(); }
-};
+class ValueGLTest : public RecordedTest {};
 
 TEST_F(ValueGLTest, GLColorSetsTheFrontMaterialFromTheFloatCopy) {
   ColorProbe c(0.1, 1.0 / 3.0, 0.9, 0.25);
@@ -28,8 +26,9 @@ TEST_F(ValueGLTest, GLColorSetsTheFrontMaterialFromTheFloatCopy) {
   const std::array<float, 4> f = {0.1f, static_cast<float>(1.0 / 3.0), 0.9f, 0.25f};
   EXPECT_THAT(glrec::recorder().log(),
               LinesEq({line("glMaterialfv", en(GL_FRONT), en(GL_AMBIENT_AND_DIFFUSE), f)}));
-  for (int i = 0; i < 4; ++i)
+  for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(c.GL()[i], f[static_cast<std::size_t>(i)]);
+  }
   EXPECT_EQ(glrec::recorder().material(GL_FRONT, GL_AMBIENT), f);
   EXPECT_EQ(glrec::recorder().material(GL_FRONT, GL_DIFFUSE), f);
 }
@@ -38,8 +37,9 @@ TEST_F(ValueGLTest, CopiesDoNotCarryTheFloatCopyUntilTheirOwnGLColor) {
   ColorProbe c(0.2, 0.4, 0.6, 0.8);
   c.GLColor();
   ColorProbe copy(c);
-  for (int i = 0; i < 4; ++i)
+  for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(copy.GL()[i], 0.0f);
+  }
   ColorProbe assigned(0.7);
   assigned.GLColor();
   assigned = c;

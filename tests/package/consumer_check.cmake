@@ -1,7 +1,8 @@
 # Installs the freshly built tree into a scratch prefix, then builds and runs
 # the consumer example against it twice: through find_package(Lumagrid) and
 # through pkg-config. Any packaging mistake fails here.
-#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -P consumer_check.cmake
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] -P consumer_check.cmake
+# LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given.
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
@@ -11,13 +12,21 @@ function(run)
   set(last_output "${out}" PARENT_SCOPE)
 endfunction()
 
+if(NOT DEFINED LIBDIR)
+  file(STRINGS "${BUILD_DIR}/CMakeCache.txt" libdir_entry REGEX "^CMAKE_INSTALL_LIBDIR:")
+  string(REGEX REPLACE "^[^=]*=" "" LIBDIR "${libdir_entry}")
+endif()
+if(LIBDIR STREQUAL "")
+  message(FATAL_ERROR "no install library folder: pass -DLIBDIR=...")
+endif()
+
 set(prefix "${WORK_DIR}/prefix")
 file(REMOVE_RECURSE "${WORK_DIR}")
 run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
 
-foreach(f include/lumagrid/lumagrid.h lib/cmake/Lumagrid/LumagridConfig.cmake
-          lib/cmake/Lumagrid/LumagridConfigVersion.cmake lib/cmake/Lumagrid/FindGLE.cmake
-          lib/pkgconfig/lumagrid.pc lib/liblumagrid.a)
+foreach(f include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
+          ${LIBDIR}/cmake/Lumagrid/LumagridConfigVersion.cmake ${LIBDIR}/cmake/Lumagrid/FindGLE.cmake
+          ${LIBDIR}/pkgconfig/lumagrid.pc ${LIBDIR}/liblumagrid.a)
   if(NOT EXISTS "${prefix}/${f}")
     message(FATAL_ERROR "missing from the install tree: ${f}")
   endif()
@@ -36,11 +45,11 @@ message(STATUS "static: ${last_output}")
 # pkg-config, the way a Makefile user links.
 find_program(PKG_CONFIG pkg-config REQUIRED)
 find_program(CXX NAMES c++ g++ REQUIRED)
-set(ENV{PKG_CONFIG_PATH} "${prefix}/lib/pkgconfig")
+set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
 run(${PKG_CONFIG} --cflags --libs lumagrid)
 string(STRIP "${last_output}" flags)
 separate_arguments(flags UNIX_COMMAND "${flags}")
 run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/main.cpp" -o "${WORK_DIR}/consumer_pc"
-    ${flags} -Wl,-rpath,${prefix}/lib)
+    ${flags} -Wl,-rpath,${prefix}/${LIBDIR})
 run("${WORK_DIR}/consumer_pc")
 message(STATUS "pkg-config: ${last_output}")

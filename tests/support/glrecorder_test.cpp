@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -59,6 +60,23 @@ TEST(GLRecorderFormat, EnumsPrintSymbolically) {
   EXPECT_EQ(glrec::enumName(0x1234), "0x1234");
   EXPECT_EQ(glrec::errorName(GL_NO_ERROR), "GL_NO_ERROR");
   EXPECT_EQ(glrec::errorName(GL_STACK_UNDERFLOW), "GL_STACK_UNDERFLOW");
+}
+
+TEST(GLRecorderFormat, PrimitiveAndPolygonModesPrintSymbolically) {
+  EXPECT_EQ(glrec::enumName(GL_LINES), "GL_LINES");
+  EXPECT_EQ(glrec::enumName(GL_LINE_STRIP), "GL_LINE_STRIP");
+  EXPECT_EQ(glrec::enumName(GL_TRIANGLE_STRIP), "GL_TRIANGLE_STRIP");
+  EXPECT_EQ(glrec::enumName(GL_QUAD_STRIP), "GL_QUAD_STRIP");
+  EXPECT_EQ(glrec::enumName(GL_POLYGON), "GL_POLYGON");
+  EXPECT_EQ(glrec::enumName(GL_POINT), "GL_POINT");
+  EXPECT_EQ(glrec::enumName(GL_LINE), "GL_LINE");
+  EXPECT_EQ(glrec::enumName(GL_FILL), "GL_FILL");
+  EXPECT_EQ(glrec::enumName(GL_POLYGON_MODE), "GL_POLYGON_MODE");
+}
+
+TEST(GLRecorderFormat, WithGleAppendsJoinStyleAndSides) {
+  EXPECT_EQ(glrec::withGle("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)", 530, 20),
+            "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=530 sides=20]");
 }
 
 TEST(GLRecorderFormat, ArraysPrintFlatOrGrouped) {
@@ -651,6 +669,146 @@ TEST_F(GLRecorderTest, PrimitivesKeepObjectAndEyeCoordinates) {
   EXPECT_EQ(p.eyeVertices, (std::vector<std::array<double, 3>>{{1, 0, 5}, {0, 2, 5}}));
 }
 
+TEST_F(GLRecorderTest, VectorAndTwoDimensionalFormsAreRecordedUnderTheirOwnNames) {
+  const GLdouble d3[3] = {1, 2, 3};
+  const GLfloat f3[3] = {0.5f, 0.25f, 2};
+  const GLdouble d4[4] = {0.1, 0.2, 0.3, 0.4};
+  glBegin(GL_TRIANGLE_STRIP);
+  glNormal3d(0, 1, 0);
+  glNormal3dv(d3);
+  glNormal3fv(f3);
+  glColor3dv(d3);
+  glColor4d(0.1, 0.2, 0.3, 0.4);
+  glColor4dv(d4);
+  glVertex3dv(d3);
+  glVertex3fv(f3);
+  glVertex2d(4, 5);
+  glVertex2f(6, 7);
+  glEnd();
+  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+  glIsEnabled(GL_LIGHTING);
+  EXPECT_LINES((std::vector<std::string>{
+                   "glBegin(GL_TRIANGLE_STRIP)",
+                   "glNormal3d(0, 1, 0)",
+                   "glNormal3dv([1, 2, 3])",
+                   "glNormal3fv([0.5, 0.25, 2])",
+                   "glColor3dv([1, 2, 3])",
+                   "glColor4d(0.1, 0.2, 0.3, 0.4)",
+                   "glColor4dv([0.1, 0.2, 0.3, 0.4])",
+                   "glVertex3dv([1, 2, 3])",
+                   "glVertex3fv([0.5, 0.25, 2])",
+                   "glVertex2d(4, 5)",
+                   "glVertex2f(6, 7)",
+                   "glEnd()",
+                   "glPolygonMode(GL_FRONT_AND_BACK, GL_LINE)",
+                   "glIsEnabled(GL_LIGHTING)",
+               }),
+               rec().log());
+  EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
+}
+
+TEST_F(GLRecorderTest, VectorFormsSetTheCurrentValuesAndVertices) {
+  const GLdouble normal[3] = {0.0, 0.1, 1.0};
+  const GLdouble colour[4] = {0.25, 0.5, 0.75, 0.125};
+  const GLdouble vertex[3] = {1.0, 2.0, 3.0};
+  const GLfloat fvertex[3] = {4.0f, 5.0f, 6.0f};
+  glTranslated(0.0, 0.0, 10.0);
+  glNormal3dv(normal);
+  // The current normal is kept in single precision, as GL keeps it.
+  EXPECT_EQ(rec().currentNormal(), (std::array<float, 3>{0.0f, 0.1f, 1.0f}));
+  glNormal3d(1.0, 0.0, 0.0);
+  EXPECT_EQ(rec().currentNormal(), (std::array<float, 3>{1.0f, 0.0f, 0.0f}));
+  glColor4dv(colour);
+  EXPECT_EQ(rec().currentColor(), (std::array<double, 4>{0.25, 0.5, 0.75, 0.125}));
+  glColor3dv(colour);  // alpha back to 1
+  EXPECT_EQ(rec().currentColor(), (std::array<double, 4>{0.25, 0.5, 0.75, 1.0}));
+  glBegin(GL_QUAD_STRIP);
+  glVertex3dv(vertex);
+  glVertex3fv(fvertex);
+  glVertex2d(7.0, 8.0);
+  glVertex2f(9.0f, 10.0f);
+  glEnd();
+  ASSERT_EQ(rec().primitives().size(), 1u);
+  const glrec::Primitive& p = rec().primitives()[0];
+  EXPECT_EQ(p.mode, static_cast<GLenum>(GL_QUAD_STRIP));
+  EXPECT_EQ(p.vertices,
+            (std::vector<std::array<double, 3>>{{1, 2, 3}, {4, 5, 6}, {7, 8, 0}, {9, 10, 0}}));
+  EXPECT_EQ(p.eyeVertices,
+            (std::vector<std::array<double, 3>>{{1, 2, 13}, {4, 5, 16}, {7, 8, 10}, {9, 10, 10}}));
+}
+
+TEST_F(GLRecorderTest, NullVectorsPrintAsNullAndChangeNothing) {
+  glNormal3dv(nullptr);
+  glColor4dv(nullptr);
+  glBegin(GL_POLYGON);
+  glVertex3fv(nullptr);
+  glEnd();
+  EXPECT_THAT(rec().log(), ElementsAre("glNormal3dv(NULL)", "glColor4dv(NULL)",
+                                       "glBegin(GL_POLYGON)", "glVertex3fv(NULL)", "glEnd()"));
+  EXPECT_EQ(rec().currentNormal(), (std::array<float, 3>{0.0f, 0.0f, 1.0f}));
+  EXPECT_EQ(rec().currentColor(), (std::array<double, 4>{1.0, 1.0, 1.0, 1.0}));
+  ASSERT_EQ(rec().primitives().size(), 1u);
+  EXPECT_THAT(rec().primitives()[0].vertices, IsEmpty());
+}
+
+TEST_F(GLRecorderTest, PolygonModeIsTrackedPerFaceAndQueried) {
+  EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_FILL));
+  EXPECT_EQ(rec().polygonMode(GL_BACK), static_cast<GLenum>(GL_FILL));
+  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+  glPolygonMode(GL_BACK, GL_POINT);
+  EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_LINE));
+  EXPECT_EQ(rec().polygonMode(GL_BACK), static_cast<GLenum>(GL_POINT));
+  GLint modes[2] = {0, 0};
+  glGetIntegerv(GL_POLYGON_MODE, modes);
+  EXPECT_EQ(modes[0], GL_LINE);
+  EXPECT_EQ(modes[1], GL_POINT);
+  EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
+}
+
+TEST_F(GLRecorderTest, PolygonModeRejectsUnknownValuesAndCallsInsideBegin) {
+  glPolygonMode(GL_FRONT, GLU_LINE);  // GLU's enum, not GL's
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_ENUM));
+  glBegin(GL_LINES);
+  glPolygonMode(GL_FRONT, GL_LINE);
+  glEnd();
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_OPERATION));
+  EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_FILL));
+}
+
+TEST_F(GLRecorderTest, PolygonModeInAListTakesEffectWhenCalled) {
+  const GLuint list = glGenLists(1);
+  glNewList(list, GL_COMPILE);
+  glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+  glEndList();
+  EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_FILL));
+  glCallList(list);
+  EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_LINE));
+}
+
+TEST_F(GLRecorderTest, IsEnabledAnswersAtOnceEvenInAList) {
+  glEnable(GL_LIGHTING);
+  const GLuint list = glGenLists(1);
+  glNewList(list, GL_COMPILE);
+  glDisable(GL_LIGHTING);  // compiled, not executed
+  EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
+  glEndList();
+  EXPECT_EQ(rec().calls().back().name, "glEndList");
+  EXPECT_EQ(glIsEnabled(GL_BLEND), GL_FALSE);
+  EXPECT_EQ(rec().calls().back().strWithResult(), "glIsEnabled(GL_BLEND) -> 0");
+  EXPECT_THAT(rec().listLog(list),
+              ElementsAre("glDisable(GL_LIGHTING)", "glIsEnabled(GL_LIGHTING)"));
+  ASSERT_EQ(rec().listCalls(list).size(), 2u);
+  EXPECT_TRUE(rec().listCalls(list)[1].immediate);
+}
+
+TEST_F(GLRecorderTest, IsEnabledInsideBeginIsInvalidOperationAndFalse) {
+  glEnable(GL_LIGHTING);
+  glBegin(GL_LINE_STRIP);
+  EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_FALSE);
+  glEnd();
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_OPERATION));
+}
+
 // ------------------------------------------------------------------ quadrics
 
 TEST_F(GLRecorderTest, QuadricsGetDistinctHandlesWithReadableNames) {
@@ -757,6 +915,82 @@ TEST_F(GLRecorderTest, GleSweepsRecordTheirArrays) {
               ElementsAre("glePolyCylinder(3, [[0, 0, -1], [0, 0, 0], [0, 0.5, 1]], "
                           "[[1, 0, 0], [0, 1, 0], [0, 0, 1]], 0.1)",
                           "gleHelicoid(0.1, 1, 0, 0, 2, [[1, 0, 0], [0, 1, 0]], NULL, 0, 720)"));
+}
+
+TEST_F(GLRecorderTest, GleSweepsCarryTheSettingsInForceWhenIssued) {
+  gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+  gleSetNumSides(12);
+  gleToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  const glrec::Call& sweep = rec().calls().back();
+  ASSERT_TRUE(sweep.gle.has_value());
+  EXPECT_EQ(sweep.gle->joinStyle, 530);
+  EXPECT_EQ(sweep.gle->numSides, 12);
+  // The log line itself is unchanged; the settings are asked for separately.
+  EXPECT_EQ(sweep.str(), "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)");
+  EXPECT_EQ(glrec::withGleSettings(sweep),
+            "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=530 sides=12]");
+}
+
+TEST_F(GLRecorderTest, EveryGleSweepCarriesItsSettings) {
+  gleDouble pts[2][3] = {{0, 0, 0}, {0, 0, 1}};
+  gleDouble contour2d[2][2] = {{0, 0}, {1, 0}};
+  gleSetNumSides(7);
+  gleToroid(0.1, 1, 0, 0, 0, nullptr, nullptr, 0, 360);
+  gleHelicoid(0.1, 1, 0, 0, 1, nullptr, nullptr, 0, 360);
+  glePolyCylinder(2, pts, nullptr, 0.1);
+  gleSpiral(2, contour2d, nullptr, nullptr, 1, 0, 0, 1, nullptr, nullptr, 0, 360);
+  gleExtrusion(2, contour2d, nullptr, nullptr, 2, pts, nullptr);
+  EXPECT_THAT(
+      glrec::gleLines(rec().calls()),
+      ElementsAre("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=274 sides=7]",
+                  "gleHelicoid(0.1, 1, 0, 0, 1, NULL, NULL, 0, 360) [join=274 sides=7]",
+                  "glePolyCylinder(2, [[0, 0, 0], [0, 0, 1]], NULL, 0.1) "
+                  "[join=274 sides=7]",
+                  "gleSpiral(2, [[0, 0], [1, 0]], NULL, NULL, 1, 0, 0, 1, NULL, NULL, 0, "
+                  "360) [join=274 sides=7]",
+                  "gleExtrusion(2, [[0, 0], [1, 0]], NULL, NULL, 2, [[0, 0, 0], [0, 0, 1]], "
+                  "NULL) [join=274 sides=7]"));
+}
+
+TEST_F(GLRecorderTest, CallsOtherThanGleSweepsCarryNoGleSettings) {
+  gleSetJoinStyle(TUBE_JN_ANGLE);
+  gleGetNumSides();
+  glBegin(GL_LINES);
+  glEnd();
+  for (const glrec::Call& call : rec().calls()) {
+    EXPECT_FALSE(call.gle.has_value()) << call;
+    EXPECT_EQ(glrec::withGleSettings(call), call.str());
+  }
+  EXPECT_THAT(glrec::gleLines(rec().calls()), IsEmpty());
+}
+
+TEST_F(GLRecorderTest, ALaterListInheritsTheGleSettingsAnEarlierOneSet) {
+  const GLuint first = glGenLists(2);
+  const GLuint second = first + 1;
+  glNewList(first, GL_COMPILE);
+  gleSetJoinStyle(530);
+  gleSetNumSides(32);
+  gleToroid(0.1, 1, 0, 0, 0, nullptr, nullptr, 0, 360);
+  glEndList();
+  glNewList(second, GL_COMPILE);
+  gleToroid(0.2, 1, 0, 0, 0, nullptr, nullptr, 0, 360);
+  glEndList();
+  const std::string sweep =
+      glrec::line("gleToroid", 0.2, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  EXPECT_LINES({glrec::withGle(sweep, 530, 32)}, glrec::gleLines(rec().listCalls(second)));
+}
+
+TEST_F(GLRecorderTest, ReplayedSweepsKeepTheSettingsOfTheirCompile) {
+  const GLuint list = glGenLists(1);
+  gleSetNumSides(9);
+  glNewList(list, GL_COMPILE);
+  gleToroid(0.1, 1, 0, 0, 0, nullptr, nullptr, 0, 360);
+  glEndList();
+  gleSetNumSides(40);
+  rec().clearCalls();
+  glCallList(list);
+  EXPECT_THAT(glrec::gleLines(rec().executedCalls()),
+              ElementsAre("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=274 sides=9]"));
 }
 
 // ------------------------------------------------------------------ reset and diff

@@ -13,30 +13,11 @@ CGLArrow::CGLArrow(double length, double radius, bool lite, int arrowNum, double
       m_dRadius(radius),
       m_dFracLength(fracLength),
       m_dFracRadius(fracRadius),
-      m_nArrowNum(arrowNum) {
-  m_nSlices = s_nSlices4New;
-  m_nStacks = s_nStacks4New;
-}
+      m_nArrowNum(arrowNum) {}
 
-CGLArrow::CGLArrow(const CGLArrow& o)
-    : CGLQuadric(o),
-      m_bLite(o.m_bLite),
-      m_dLength(o.m_dLength),
-      m_dRadius(o.m_dRadius),
-      m_dFracLength(o.m_dFracLength),
-      m_dFracRadius(o.m_dFracRadius),
-      m_nArrowNum(o.m_nArrowNum) {}
+CGLArrow::CGLArrow(const CGLArrow&) = default;
 
-CGLArrow& CGLArrow::operator=(const CGLArrow& o) {
-  CGLObject::operator=(o);
-  m_bLite = o.m_bLite;
-  m_dLength = o.m_dLength;
-  m_dRadius = o.m_dRadius;
-  m_dFracLength = o.m_dFracLength;
-  m_dFracRadius = o.m_dFracRadius;
-  m_nArrowNum = o.m_nArrowNum;
-  return *this;
-}
+CGLArrow& CGLArrow::operator=(const CGLArrow&) = default;
 
 CGLArrow::~CGLArrow() = default;
 
@@ -66,6 +47,20 @@ void CGLArrow::SetFracRadius(double fracRadius) {
   m_dFracRadius = fracRadius;
 }
 
+namespace {
+
+// A frustum along +z from baseRadius to topRadius, then its base disk
+// turned to face -z. The shaft and every head are drawn this way.
+void EmitFrustum(GLUquadric* q, double baseRadius, double topRadius, double length, GLint slices,
+                 GLint stacks) {
+  gluQuadricOrientation(q, GLU_OUTSIDE);
+  gluCylinder(q, baseRadius, topRadius, length, slices, stacks);
+  gluQuadricOrientation(q, GLU_INSIDE);
+  gluDisk(q, 0.0, baseRadius, slices, 1);
+}
+
+}  // namespace
+
 long CGLArrow::DrawArrow() {
   const double shaftLength = m_dLength * m_dFracLength;
   const double shaftRadius = m_dRadius * m_dFracRadius;
@@ -87,10 +82,7 @@ long CGLArrow::DrawArrow() {
     glEnd();
     glTranslated(0.0, 0.0, shaftLength);
   } else {
-    gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
-    gluCylinder(m_pQuadric, shaftRadius, shaftRadius, shaftLength, m_nSlices, m_nStacks);
-    gluQuadricOrientation(m_pQuadric, GLU_INSIDE);
-    gluDisk(m_pQuadric, 0.0, shaftRadius, m_nSlices, 1);
+    EmitFrustum(m_pQuadric, shaftRadius, shaftRadius, shaftLength, m_nSlices, m_nStacks);
     gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
     glTranslated(0.0, 0.0, shaftLength);
     // Closes the shaft although the first head's base covers it.
@@ -101,17 +93,10 @@ long CGLArrow::DrawArrow() {
   // lengthens the arrow by half a head. The count is read at every test;
   // i + 1 < n is i < n - 1 without overflowing for the smallest n.
   for (int i = 0; i + 1 < m_nArrowNum; ++i) {
-    gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
-    gluCylinder(m_pQuadric, m_dRadius, m_dRadius * 0.5, headLength * 0.5, headSlices, headStacks);
-    gluQuadricOrientation(m_pQuadric, GLU_INSIDE);
-    gluDisk(m_pQuadric, 0.0, m_dRadius, headSlices, 1);
+    EmitFrustum(m_pQuadric, m_dRadius, m_dRadius * 0.5, headLength * 0.5, headSlices, headStacks);
     glTranslated(0.0, 0.0, headLength * 0.5);
   }
-
-  gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
-  gluCylinder(m_pQuadric, m_dRadius, 0.0, headLength, headSlices, headStacks);
-  gluQuadricOrientation(m_pQuadric, GLU_INSIDE);
-  gluDisk(m_pQuadric, 0.0, m_dRadius, headSlices, 1);
+  EmitFrustum(m_pQuadric, m_dRadius, 0.0, headLength, headSlices, headStacks);
   return 1;
 }
 

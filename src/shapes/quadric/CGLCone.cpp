@@ -12,11 +12,8 @@ CGLCone::CGLCone(double baseRadius, double topRadius, double height, bool closed
   m_dTopRadius = topRadius;
 }
 
-CGLCone::CGLCone(const CGLCone& o) : CGLCylinder(o) {}
+CGLCone::CGLCone(const CGLCone&) = default;
 
-CGLCone& CGLCone::operator=(const CGLCone& o) {
-  CGLCylinder::operator=(o);
-  return *this;
-}
+CGLCone& CGLCone::operator=(const CGLCone&) = default;
 
 CGLCone::~CGLCone() = default;

@@ -10,26 +10,11 @@ CGLCylinder::CGLCylinder(double radius, double height, bool closed)
       m_dBaseRadius(radius),
       m_dTopRadius(radius),
       m_dHeight(height),
-      m_bClosed(closed) {
-  m_nSlices = s_nSlices4New;
-  m_nStacks = s_nStacks4New;
-}
+      m_bClosed(closed) {}
 
-CGLCylinder::CGLCylinder(const CGLCylinder& o)
-    : CGLQuadric(o),
-      m_dBaseRadius(o.m_dBaseRadius),
-      m_dTopRadius(o.m_dTopRadius),
-      m_dHeight(o.m_dHeight),
-      m_bClosed(o.m_bClosed) {}
+CGLCylinder::CGLCylinder(const CGLCylinder&) = default;
 
-CGLCylinder& CGLCylinder::operator=(const CGLCylinder& o) {
-  CGLObject::operator=(o);
-  m_dBaseRadius = o.m_dBaseRadius;
-  m_dTopRadius = o.m_dTopRadius;
-  m_dHeight = o.m_dHeight;
-  m_bClosed = o.m_bClosed;
-  return *this;
-}
+CGLCylinder& CGLCylinder::operator=(const CGLCylinder&) = default;
 
 CGLCylinder::~CGLCylinder() = default;
 
@@ -38,8 +23,9 @@ long CGLCylinder::DisplayListMake() {
     // Outside first: a base disk without a top one leaves the quadric inside.
     gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
     gluCylinder(m_pQuadric, m_dBaseRadius, m_dTopRadius, m_dHeight, m_nSlices, m_nStacks);
-    if (!m_bClosed)
+    if (!m_bClosed) {
       return;
+    }
     // Strict tests: a zero (apex) or NaN radius gets no disk.
     if (m_dBaseRadius > 0.0) {
       gluQuadricOrientation(m_pQuadric, GLU_INSIDE);

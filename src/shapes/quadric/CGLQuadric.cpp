@@ -7,13 +7,10 @@ CGLQuadric::CGLQuadric() : CGLObject() {
   m_pQuadric = gluNewQuadric();
 }
 
-CGLQuadric::CGLQuadric(const CGLQuadric& o) : CGLObject(o) {}
+CGLQuadric::CGLQuadric(const CGLQuadric&) = default;
 
-CGLQuadric& CGLQuadric::operator=(const CGLQuadric& o) {
-  // The old handle is dropped, not released: copies may still hold it.
-  CGLObject::operator=(o);
-  return *this;
-}
+// The old handle is dropped, not released: copies may still hold it.
+CGLQuadric& CGLQuadric::operator=(const CGLQuadric&) = default;
 
 CGLQuadric::~CGLQuadric() {
   gluDeleteQuadric(m_pQuadric);

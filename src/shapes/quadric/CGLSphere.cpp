@@ -4,18 +4,12 @@
 
 CGLSphere::CGLSphere() : CGLSphere(1.0) {}
 
-CGLSphere::CGLSphere(double radius) : CGLQuadric(), m_dRadius(radius) {
-  m_nSlices = s_nSlices4New;
-  m_nStacks = s_nStacks4New;
-}
+// Tessellates like every other shape: CGLObject() gave it the defaults.
+CGLSphere::CGLSphere(double radius) : CGLQuadric(), m_dRadius(radius) {}
 
-CGLSphere::CGLSphere(const CGLSphere& o) : CGLQuadric(o), m_dRadius(o.m_dRadius) {}
+CGLSphere::CGLSphere(const CGLSphere&) = default;
 
-CGLSphere& CGLSphere::operator=(const CGLSphere& o) {
-  CGLObject::operator=(o);
-  m_dRadius = o.m_dRadius;
-  return *this;
-}
+CGLSphere& CGLSphere::operator=(const CGLSphere&) = default;
 
 CGLSphere::~CGLSphere() = default;
 

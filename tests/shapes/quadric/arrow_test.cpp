@@ -22,7 +22,7 @@ using glrec::line;
 using glrec::recorder;
 
 using Lines = std::vector<std::string>;
-using ArrowProbe = ShapeProbe<CGLArrow>;
+using ArrowProbe = Probe<CGLArrow>;
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const char* const q = "quad1";
@@ -49,8 +49,9 @@ Lines DefaultShaft() {
 
 Lines Concat(std::initializer_list<Lines> parts) {
   Lines out;
-  for (const Lines& p : parts)
+  for (const Lines& p : parts) {
     out.insert(out.end(), p.begin(), p.end());
+  }
   return out;
 }
 

@@ -15,6 +15,7 @@
 #include "quadric_probes.h"
 #include "shapes/quadric/CGLBox.h"
 #include "shapes/quadric/CGLCube.h"
+#include "shapes/quadric/box_faces.h"
 
 namespace {
 
@@ -22,6 +23,8 @@ using glrec::en;
 using glrec::line;
 using glrec::recorder;
 
+using lumagrid::detail::BoxFace;
+using lumagrid::detail::BoxFaces;
 using Lines = std::vector<std::string>;
 using Vec3f = std::array<float, 3>;
 
@@ -30,7 +33,7 @@ const double kHalfPi = 1.5707963267948966;
 // ---------------------------------------------------------------- box builder
 
 TEST(CGLBoxFaces, NormalsRunPlusZMinusZPlusYMinusYPlusXMinusX) {
-  const std::array<CGLBoxFace, 6> faces = CGLBoxFaces(2.0, 4.0, 6.0);
+  const std::array<BoxFace, 6> faces = BoxFaces(2.0, 4.0, 6.0);
   EXPECT_EQ(faces[0].normal, (Vec3f{0.0f, 0.0f, 1.0f}));
   EXPECT_EQ(faces[1].normal, (Vec3f{0.0f, 0.0f, -1.0f}));
   EXPECT_EQ(faces[2].normal, (Vec3f{0.0f, 1.0f, 0.0f}));
@@ -40,7 +43,7 @@ TEST(CGLBoxFaces, NormalsRunPlusZMinusZPlusYMinusYPlusXMinusX) {
 }
 
 TEST(CGLBoxFaces, VerticesAreTheHalfEdgesInTheStatedOrder) {
-  const std::array<CGLBoxFace, 6> faces = CGLBoxFaces(2.0, 4.0, 6.0);
+  const std::array<BoxFace, 6> faces = BoxFaces(2.0, 4.0, 6.0);
   using Quad = std::array<Vec3f, 4>;
   EXPECT_EQ(faces[0].vertices, (Quad{{{1, 2, 3}, {-1, 2, 3}, {-1, -2, 3}, {1, -2, 3}}}));
   EXPECT_EQ(faces[1].vertices, (Quad{{{-1, -2, -3}, {-1, 2, -3}, {1, 2, -3}, {1, -2, -3}}}));
@@ -51,7 +54,7 @@ TEST(CGLBoxFaces, VerticesAreTheHalfEdgesInTheStatedOrder) {
 }
 
 TEST(CGLBoxFaces, EveryFaceWindsCounterClockwiseSeenFromOutside) {
-  for (const CGLBoxFace& f : CGLBoxFaces(2.0, 4.0, 6.0)) {
+  for (const BoxFace& f : BoxFaces(2.0, 4.0, 6.0)) {
     const Vec3f& a = f.vertices[0];
     const Vec3f& b = f.vertices[1];
     const Vec3f& c = f.vertices[2];
@@ -66,12 +69,12 @@ TEST(CGLBoxFaces, HalvesInDoubleBeforeRoundingToFloat) {
   // Just above twice FLT_MAX: halved first, it rounds down to FLT_MAX;
   // rounded first, it would overflow to infinity.
   const double size = 2.0 * static_cast<double>(FLT_MAX) * (1.0 + 0x1p-26);
-  const std::array<CGLBoxFace, 6> faces = CGLBoxFaces(size, size, size);
+  const std::array<BoxFace, 6> faces = BoxFaces(size, size, size);
   EXPECT_EQ(faces[0].vertices[0], (Vec3f{FLT_MAX, FLT_MAX, FLT_MAX}));
 }
 
 TEST(CGLBoxFaces, HalfEdgesOfATenthAreTheFloatOfTheDoubleHalf) {
-  const std::array<CGLBoxFace, 6> faces = CGLBoxFaces(0.1, 0.3, 0.7);
+  const std::array<BoxFace, 6> faces = BoxFaces(0.1, 0.3, 0.7);
   EXPECT_EQ(faces[0].vertices[0],
             (Vec3f{static_cast<float>(0.1 * 0.5), static_cast<float>(0.3 * 0.5),
                    static_cast<float>(0.7 * 0.5)}));
@@ -168,7 +171,7 @@ TEST_F(Box, HasNoImmediateModeDrawing) {
 }
 
 TEST_F(Box, KeepsItsMarkWhenNoListCanBeHad) {
-  ShapeProbe<CGLBox> box;
+  Probe<CGLBox> box;
   recorder().setGenLists(glrec::GenLists::ReturnZero);
   EXPECT_EQ(box.DisplayListMake(), 0);
   EXPECT_TRUE(box.m_bModified);
@@ -198,8 +201,9 @@ const CGLArrow& ArrowAt(const AxisProbe& axis, std::size_t i) {
 TEST_F(Axis, HasThreeArrowsThenACube) {
   AxisProbe axis;
   ASSERT_EQ(axis.m_arrObjects.size(), 4u);
-  for (std::size_t i = 0; i < 3; ++i)
+  for (std::size_t i = 0; i < 3; ++i) {
     EXPECT_NE(dynamic_cast<CGLArrow*>(axis.m_arrObjects[i]), nullptr) << i;
+  }
   EXPECT_NE(dynamic_cast<CGLCube*>(axis.m_arrObjects[3]), nullptr);
 }
 
@@ -284,8 +288,9 @@ TEST_F(Axis, ZArrowAndCubeAreNotTurned) {
 
 TEST_F(Axis, ChildrenKeepTheDefaultColour) {
   AxisProbe axis;
-  for (CGLObject* child : axis.m_arrObjects)
+  for (CGLObject* child : axis.m_arrObjects) {
     EXPECT_EQ(child->ColorGet(), CGLColor());
+  }
   EXPECT_EQ(axis.ColorGet(), CGLColor());
 }
 
@@ -336,8 +341,9 @@ Lines Skeleton(const Lines& log) {
   Lines out;
   for (const std::string& l : log) {
     if (l == "glPushMatrix()" || l == "glPopMatrix()" || l.rfind("glNewList(", 0) == 0 ||
-        l == "glEndList()" || l.rfind("glCallList(", 0) == 0)
+        l == "glEndList()" || l.rfind("glCallList(", 0) == 0) {
       out.push_back(l);
+    }
   }
   return out;
 }
@@ -402,16 +408,18 @@ TEST_F(Axis, DrawDirectDrawsTheArrowsButNotTheCube) {
   ASSERT_FALSE(log.empty());
   EXPECT_EQ(log.front(), line("glPushMatrix"));
   // The triad's own transform (translation by 5) is not applied.
-  for (const glrec::Call& c : recorder().callsNamed("glMultMatrixd"))
+  for (const glrec::Call& c : recorder().callsNamed("glMultMatrixd")) {
     EXPECT_EQ(c.str().find(", 5, 5, 5, 1]"), std::string::npos) << c.str();
+  }
 }
 
 TEST_F(Axis, LiteDrawDirectDrawsThreeLines) {
   CGLAxis axis(1.0, 0.05, true);
   axis.DrawDirect();
   std::size_t lines = 0;
-  for (const glrec::Primitive& p : recorder().primitives())
+  for (const glrec::Primitive& p : recorder().primitives()) {
     lines += p.mode == GL_LINES ? 1u : 0u;
+  }
   EXPECT_EQ(lines, 3u);
   EXPECT_EQ(recorder().primitives().size(), 3u);
 }
@@ -419,8 +427,9 @@ TEST_F(Axis, LiteDrawDirectDrawsThreeLines) {
 TEST_F(Axis, ColourReachesEveryChild) {
   AxisProbe axis;
   axis.ColorSet(0x0000FFUL);
-  for (CGLObject* child : axis.m_arrObjects)
+  for (CGLObject* child : axis.m_arrObjects) {
     EXPECT_EQ(child->ColorGet(), CGLColor(1.0, 0.0, 0.0, 1.0));
+  }
 }
 
 TEST_F(Axis, LiteShaftsPointAlongTheirAxesWhenDrawn) {
@@ -429,8 +438,9 @@ TEST_F(Axis, LiteShaftsPointAlongTheirAxesWhenDrawn) {
   axis.Draw();
   std::vector<glrec::Primitive> shafts;
   for (const glrec::Primitive& p : recorder().primitives()) {
-    if (p.mode == GL_LINES)
+    if (p.mode == GL_LINES) {
       shafts.push_back(p);
+    }
   }
   ASSERT_EQ(shafts.size(), 3u);
   const double s = static_cast<float>(2.0 * 0.8);

@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "../../core/core_probes.h"
-#include "glrecorder/GLRecorder.h"
+#include "probes/VirtualTable.h"
+#include "recorded/RecordedTest.h"
 #include "shapes/quadric/CGLBox.h"
 #include "shapes/quadric/CGLCube.h"
 
@@ -20,10 +20,7 @@ using ::testing::IsEmpty;
 
 // Each shape overrides the operations that supply its geometry and nothing
 // else; the tables are compared entry by entry with the base's.
-class Overrides : public ::testing::Test {
- protected:
-  void SetUp() override { glrec::recorder().reset(); }
-};
+class Overrides : public RecordedTest {};
 
 TEST_F(Overrides, QuadricOverridesNothing) {
   const CGLObject base;

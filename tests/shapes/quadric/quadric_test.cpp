@@ -21,8 +21,8 @@ using glrec::en;
 using glrec::line;
 using glrec::recorder;
 
-using QuadricProbe = ShapeProbe<CGLQuadric>;
-using SphereProbe = ShapeProbe<CGLSphere>;
+using QuadricProbe = Probe<CGLQuadric>;
+using SphereProbe = Probe<CGLSphere>;
 
 class QuadricHandle : public RecordedTest {};
 

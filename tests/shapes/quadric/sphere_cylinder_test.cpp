@@ -51,7 +51,7 @@ TEST_F(Sphere, RadiusReturnsTheConstructorValueExactly) {
 TEST_F(Sphere, TakesTheTessellationDefaultsAtConstruction) {
   CGLObject::s_nSlices4New = 16;
   CGLObject::s_nStacks4New = 4;
-  ShapeProbe<CGLSphere> sphere(1.0);
+  Probe<CGLSphere> sphere(1.0);
   CGLObject::s_nSlices4New = 128;
   CGLObject::s_nStacks4New = 8;
   EXPECT_EQ(sphere.m_nSlices, 16);
@@ -69,9 +69,9 @@ TEST_F(Sphere, CompileIsWrappedInNewListAndEndList) {
 }
 
 TEST_F(Sphere, CopyKeepsRadiusAndListState) {
-  ShapeProbe<CGLSphere> source(3.0);
+  Probe<CGLSphere> source(3.0);
   source.DisplayListMake();
-  ShapeProbe<CGLSphere> copy(source);
+  Probe<CGLSphere> copy(source);
   EXPECT_EQ(copy.Radius(), 3.0);
   EXPECT_EQ(copy.m_nDisplayList, source.m_nDisplayList);
   EXPECT_FALSE(copy.m_bModified);
@@ -105,7 +105,7 @@ TEST_F(Sphere, BadRadiiGoToGluAsTheyAre) {
 class ListProtocol : public RecordedTest {};
 
 TEST_F(ListProtocol, CurrentListMakesNothingAndReturnsOne) {
-  ShapeProbe<CGLCylinder> cylinder;
+  Probe<CGLCylinder> cylinder;
   EXPECT_EQ(cylinder.DisplayListMake(), 0);
   EXPECT_FALSE(cylinder.m_bModified);
   recorder().clearCalls();
@@ -114,7 +114,7 @@ TEST_F(ListProtocol, CurrentListMakesNothingAndReturnsOne) {
 }
 
 TEST_F(ListProtocol, NoListKeepsTheMarkAndEmitsNoGeometry) {
-  ShapeProbe<CGLSphere> sphere;
+  Probe<CGLSphere> sphere;
   recorder().setGenLists(glrec::GenLists::ReturnZero);
   recorder().clearCalls();
   EXPECT_EQ(sphere.DisplayListMake(), 0);
@@ -131,7 +131,7 @@ TEST_F(ListProtocol, NoListKeepsTheMarkAndEmitsNoGeometry) {
 }
 
 TEST_F(ListProtocol, UnknownListNameKeepsTheMark) {
-  ShapeProbe<CGLCylinder> cylinder;
+  Probe<CGLCylinder> cylinder;
   recorder().setGenLists(glrec::GenLists::ReturnUnknown);
   EXPECT_EQ(cylinder.DisplayListMake(), 0);
   EXPECT_TRUE(cylinder.m_bModified);
@@ -386,7 +386,7 @@ TEST_F(Cylinder, TakesTheTessellationDefaultsOfItsConstruction) {
 
 TEST_F(Cylinder, EveryRebuildStartsOutsideAgain) {
   // A pointed cone leaves its quadric inside after the base disk.
-  ShapeProbe<CGLCone> cone(1.0, 2.0, true);
+  Probe<CGLCone> cone(1.0, 2.0, true);
   cone.DisplayListMake();
   EXPECT_EQ(recorder().quadricOrientation(cone.m_pQuadric), static_cast<GLenum>(GLU_INSIDE));
   cone.Move(0.0);

@@ -71,7 +71,7 @@ std::string RealGLTest::saveFramebuffer(const std::string& tag) {
   const char* fromEnvironment = std::getenv("LUMAGRID_RENDER_OUTPUT_DIR");
   const std::filesystem::path dir = fromEnvironment != nullptr && *fromEnvironment != '\0'
                                         ? fromEnvironment
-                                        : LUMAGRID_RENDER_OUTPUT_DEFAULT_DIR;
+                                        : "render-output";
   std::error_code ignored;
   std::filesystem::create_directories(dir, ignored);
   const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();

@@ -40,7 +40,8 @@ class RealGLTest : public ::testing::Test {
   static ::testing::AssertionResult noGLError();
 
   // Saves the framebuffer as <dir>/<suite>.<test>[.<tag>].png, where dir is
-  // $LUMAGRID_RENDER_OUTPUT_DIR or, by default, render-output in the build tree. Returns the path,
+  // $LUMAGRID_RENDER_OUTPUT_DIR or, by default, render-output in the working directory (ctest runs
+  // the suites in <build>/tests). Returns the path,
   // or an empty string (with a test failure) if the file could not be written.
   std::string saveFramebuffer(const std::string& tag = "");
 

@@ -85,6 +85,8 @@ void Emulator::reset() {
     materials[{face, GL_COLOR_INDEXES}] = {0.0f, 1.0f, 1.0f, 0.0f};
   }
   lineWidth = 1.0f;
+  polygonFront = GL_FILL;
+  polygonBack = GL_FILL;
   enabled = {GL_DITHER, GL_MULTISAMPLE};
   quadrics.clear();
   nextQuadric = 1;
@@ -106,10 +108,21 @@ void Emulator::run(const Call& call, const Effect& effect) {
 }
 
 void Emulator::command(std::string name, std::vector<Arg> args, Effect effect) {
+  record(Call{std::move(name), std::move(args), std::nullopt, compiling, false, std::nullopt},
+         std::move(effect));
+}
+
+void Emulator::gleSweep(std::string name, std::vector<Arg> args, Effect effect) {
+  record(Call{std::move(name), std::move(args), std::nullopt, compiling, false,
+              GleSettings{gleJoinStyle, gleNumSides}},
+         std::move(effect));
+}
+
+void Emulator::record(Call newCall, Effect effect) {
   if (!effect) {
     effect = [](Emulator&) {};
   }
-  calls.push_back(Call{std::move(name), std::move(args), std::nullopt, compiling, false});
+  calls.push_back(std::move(newCall));
   const Call& call = calls.back();
   if (compiling != 0) {
     pending.push_back(ListEntry{call, effect});
@@ -121,8 +134,8 @@ void Emulator::command(std::string name, std::vector<Arg> args, Effect effect) {
 }
 
 void Emulator::immediate(std::string name, std::vector<Arg> args, std::optional<Arg> result) {
-  calls.push_back(
-      Call{std::move(name), std::move(args), std::move(result), compiling, /*immediate=*/true});
+  calls.push_back(Call{std::move(name), std::move(args), std::move(result), compiling,
+                       /*immediate=*/true, std::nullopt});
   const Call& call = calls.back();
   if (compiling != 0) {
     pending.push_back(ListEntry{call, {}});
@@ -131,7 +144,8 @@ void Emulator::immediate(std::string name, std::vector<Arg> args, std::optional<
 }
 
 void Emulator::boundary(std::string name, std::vector<Arg> args) {
-  calls.push_back(Call{std::move(name), std::move(args), std::nullopt, 0, /*immediate=*/true});
+  calls.push_back(
+      Call{std::move(name), std::move(args), std::nullopt, 0, /*immediate=*/true, std::nullopt});
   run(calls.back(), {});
 }
 
@@ -453,6 +467,8 @@ std::vector<double> Emulator::query(GLenum pname) {
       return {normal.begin(), normal.end()};
     case GL_LINE_WIDTH:
       return {lineWidth};
+    case GL_POLYGON_MODE:
+      return {static_cast<double>(polygonFront), static_cast<double>(polygonBack)};
     default:
       raise(GL_INVALID_ENUM);
       return {};

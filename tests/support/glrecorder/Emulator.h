@@ -50,6 +50,8 @@ class Emulator {
   // Records a GL command that a display list captures: executed at once unless a list is being
   // compiled with GL_COMPILE.
   void command(std::string name, std::vector<Arg> args, Effect effect = {});
+  // Records a GLE sweep as a command, with the GLE settings in force (Call::gle).
+  void gleSweep(std::string name, std::vector<Arg> args, Effect effect);
   // Records a call that takes effect at once even while a list is compiled (it is listed among
   // the list's contents but never replayed). The entry point does its work first and passes
   // what it returned.
@@ -125,6 +127,8 @@ class Emulator {
   std::array<float, 3> normal{};
   std::map<std::pair<GLenum, GLenum>, std::array<float, 4>> materials;  // (face, pname)
   float lineWidth = 1.0f;
+  GLenum polygonFront = GL_FILL;
+  GLenum polygonBack = GL_FILL;
   std::set<GLenum> enabled;
 
   std::unordered_map<const void*, QuadricState> quadrics;
@@ -138,6 +142,7 @@ class Emulator {
 
  private:
   void run(const Call& call, const Effect& effect);
+  void record(Call call, Effect effect);
 };
 
 Emulator& emulator();

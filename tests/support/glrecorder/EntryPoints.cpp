@@ -9,6 +9,7 @@
 #include <GL/gle.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 
@@ -115,6 +116,55 @@ void setMaterial(Emulator& e, GLenum face, GLenum pname, const std::vector<float
     } else {
       e.materials[{f, pname}] = stored;
     }
+  }
+}
+
+// The three (or four) values at v, for the vector forms; nothing for a null pointer.
+template <class T>
+std::optional<std::array<double, 4>> valuesAt(const T* v, std::size_t n) {
+  if (v == nullptr) {
+    return std::nullopt;
+  }
+  std::array<double, 4> out{0.0, 0.0, 0.0, 1.0};
+  std::copy(v, v + n, out.begin());
+  return out;
+}
+
+void setNormal(Emulator& e, const std::optional<std::array<double, 4>>& n) {
+  if (n) {
+    // GL keeps the current normal in single precision.
+    e.normal = {static_cast<float>((*n)[0]), static_cast<float>((*n)[1]),
+                static_cast<float>((*n)[2])};
+  }
+}
+
+void setColor(Emulator& e, const std::optional<std::array<double, 4>>& c) {
+  if (c) {
+    e.color = *c;
+  }
+}
+
+void setVertex(Emulator& e, const std::optional<std::array<double, 4>>& v) {
+  if (v) {
+    e.vertex((*v)[0], (*v)[1], (*v)[2]);
+  }
+}
+
+void setPolygonMode(Emulator& e, GLenum face, GLenum mode) {
+  if (!e.outsideBeginEnd()) {
+    return;
+  }
+  const bool knownFace = face == GL_FRONT || face == GL_BACK || face == GL_FRONT_AND_BACK;
+  const bool knownMode = mode == GL_POINT || mode == GL_LINE || mode == GL_FILL;
+  if (!knownFace || !knownMode) {
+    e.raise(GL_INVALID_ENUM);
+    return;
+  }
+  if (face != GL_BACK) {
+    e.polygonFront = mode;
+  }
+  if (face != GL_FRONT) {
+    e.polygonBack = mode;
   }
 }
 
@@ -277,6 +327,22 @@ void GLAPIENTRY glColor3d(GLdouble red, GLdouble green, GLdouble blue) {
   });
 }
 
+void GLAPIENTRY glColor3dv(const GLdouble* v) {
+  E().command("glColor3dv", args(doublesOrNull(v, 3)),
+              [c = valuesAt(v, 3)](Emulator& e) { setColor(e, c); });
+}
+
+void GLAPIENTRY glColor4d(GLdouble red, GLdouble green, GLdouble blue, GLdouble alpha) {
+  E().command("glColor4d", args(red, green, blue, alpha), [=](Emulator& e) {
+    e.color = {red, green, blue, alpha};
+  });
+}
+
+void GLAPIENTRY glColor4dv(const GLdouble* v) {
+  E().command("glColor4dv", args(doublesOrNull(v, 4)),
+              [c = valuesAt(v, 4)](Emulator& e) { setColor(e, c); });
+}
+
 void GLAPIENTRY glLineWidth(GLfloat width) {
   E().command("glLineWidth", args(width), [=](Emulator& e) {
     if (!e.outsideBeginEnd()) {
@@ -290,12 +356,23 @@ void GLAPIENTRY glLineWidth(GLfloat width) {
   });
 }
 
+void GLAPIENTRY glPolygonMode(GLenum face, GLenum mode) {
+  E().command("glPolygonMode", args(en(face), en(mode)),
+              [=](Emulator& e) { setPolygonMode(e, face, mode); });
+}
+
 void GLAPIENTRY glEnable(GLenum cap) {
   E().command("glEnable", args(en(cap)), [=](Emulator& e) { setEnabled(e, cap, true); });
 }
 
 void GLAPIENTRY glDisable(GLenum cap) {
   E().command("glDisable", args(en(cap)), [=](Emulator& e) { setEnabled(e, cap, false); });
+}
+
+GLboolean GLAPIENTRY glIsEnabled(GLenum cap) {
+  const GLboolean is = E().outsideBeginEnd() && E().enabled.count(cap) != 0 ? GL_TRUE : GL_FALSE;
+  E().immediate("glIsEnabled", args(en(cap)), glrec::toArg(is));
+  return is;
 }
 
 // ------------------------------------------------------------------ GL: immediate mode
@@ -316,8 +393,42 @@ void GLAPIENTRY glVertex3f(GLfloat x, GLfloat y, GLfloat z) {
   E().command("glVertex3f", args(x, y, z), [=](Emulator& e) { e.vertex(x, y, z); });
 }
 
+void GLAPIENTRY glVertex3dv(const GLdouble* v) {
+  E().command("glVertex3dv", args(doublesOrNull(v, 3)),
+              [p = valuesAt(v, 3)](Emulator& e) { setVertex(e, p); });
+}
+
+void GLAPIENTRY glVertex3fv(const GLfloat* v) {
+  E().command("glVertex3fv", args(floatsOrNull(v, 3)),
+              [p = valuesAt(v, 3)](Emulator& e) { setVertex(e, p); });
+}
+
+void GLAPIENTRY glVertex2d(GLdouble x, GLdouble y) {
+  E().command("glVertex2d", args(x, y), [=](Emulator& e) { e.vertex(x, y, 0.0); });
+}
+
+void GLAPIENTRY glVertex2f(GLfloat x, GLfloat y) {
+  E().command("glVertex2f", args(x, y), [=](Emulator& e) { e.vertex(x, y, 0.0); });
+}
+
 void GLAPIENTRY glNormal3f(GLfloat nx, GLfloat ny, GLfloat nz) {
   E().command("glNormal3f", args(nx, ny, nz), [=](Emulator& e) { e.normal = {nx, ny, nz}; });
+}
+
+void GLAPIENTRY glNormal3fv(const GLfloat* v) {
+  E().command("glNormal3fv", args(floatsOrNull(v, 3)),
+              [n = valuesAt(v, 3)](Emulator& e) { setNormal(e, n); });
+}
+
+void GLAPIENTRY glNormal3d(GLdouble nx, GLdouble ny, GLdouble nz) {
+  E().command("glNormal3d", args(nx, ny, nz), [=](Emulator& e) {
+    setNormal(e, std::array<double, 4>{nx, ny, nz, 0.0});
+  });
+}
+
+void GLAPIENTRY glNormal3dv(const GLdouble* v) {
+  E().command("glNormal3dv", args(doublesOrNull(v, 3)),
+              [n = valuesAt(v, 3)](Emulator& e) { setNormal(e, n); });
 }
 
 // ------------------------------------------------------------------ GLU
@@ -390,45 +501,45 @@ int gleGetNumSides(void) {
 void gleToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gleDouble startZ,
                gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                gleDouble startTheta, gleDouble sweepTheta) {
-  E().command("gleToroid",
-              args(rToroid, startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
-                   affine(dXformdTheta), startTheta, sweepTheta),
-              emitsGeometry);
+  E().gleSweep("gleToroid",
+               args(rToroid, startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
+                    affine(dXformdTheta), startTheta, sweepTheta),
+               emitsGeometry);
 }
 
 void gleHelicoid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gleDouble startZ,
                  gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                  gleDouble startTheta, gleDouble sweepTheta) {
-  E().command("gleHelicoid",
-              args(rToroid, startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
-                   affine(dXformdTheta), startTheta, sweepTheta),
-              emitsGeometry);
+  E().gleSweep("gleHelicoid",
+               args(rToroid, startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
+                    affine(dXformdTheta), startTheta, sweepTheta),
+               emitsGeometry);
 }
 
 void gleSpiral(int ncp, gleDouble contour2d[][2], gleDouble contNormal[][2], gleDouble up[3],
                gleDouble startRadius, gleDouble drdTheta, gleDouble startZ, gleDouble dzdTheta,
                gleDouble startXform[2][3], gleDouble dXformdTheta[2][3], gleDouble startTheta,
                gleDouble sweepTheta) {
-  E().command("gleSpiral",
-              args(ncp, contour(ncp, contour2d), contour(ncp, contNormal), doublesOrNull(up, 3),
-                   startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
-                   affine(dXformdTheta), startTheta, sweepTheta),
-              emitsGeometry);
+  E().gleSweep("gleSpiral",
+               args(ncp, contour(ncp, contour2d), contour(ncp, contNormal), doublesOrNull(up, 3),
+                    startRadius, drdTheta, startZ, dzdTheta, affine(startXform),
+                    affine(dXformdTheta), startTheta, sweepTheta),
+               emitsGeometry);
 }
 
 void glePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                      gleDouble radius) {
-  E().command("glePolyCylinder",
-              args(npoints, points(npoints, pointArray), colors(npoints, colorArray), radius),
-              emitsGeometry);
+  E().gleSweep("glePolyCylinder",
+               args(npoints, points(npoints, pointArray), colors(npoints, colorArray), radius),
+               emitsGeometry);
 }
 
 void gleExtrusion(int ncp, gleDouble contour2d[][2], gleDouble contNormal[][2], gleDouble up[3],
                   int npoints, gleDouble pointArray[][3], gleColor colorArray[]) {
-  E().command("gleExtrusion",
-              args(ncp, contour(ncp, contour2d), contour(ncp, contNormal), doublesOrNull(up, 3),
-                   npoints, points(npoints, pointArray), colors(npoints, colorArray)),
-              emitsGeometry);
+  E().gleSweep("gleExtrusion",
+               args(ncp, contour(ncp, contour2d), contour(ncp, contNormal), doublesOrNull(up, 3),
+                    npoints, points(npoints, pointArray), colors(npoints, colorArray)),
+               emitsGeometry);
 }
 
 }  // extern "C"

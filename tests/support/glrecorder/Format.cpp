@@ -93,6 +93,11 @@ const std::unordered_map<GLenum, const char*>& enumNames() {
       GLREC_NAME(GL_CURRENT_COLOR),
       GLREC_NAME(GL_CURRENT_NORMAL),
       GLREC_NAME(GL_LINE_WIDTH),
+      GLREC_NAME(GL_POLYGON_MODE),
+      // Polygon modes.
+      GLREC_NAME(GL_POINT),
+      GLREC_NAME(GL_LINE),
+      GLREC_NAME(GL_FILL),
       // Materials.
       GLREC_NAME(GL_FRONT),
       GLREC_NAME(GL_BACK),
@@ -258,6 +263,30 @@ std::vector<std::string> lines(const std::vector<Call>& calls) {
   out.reserve(calls.size());
   for (const Call& call : calls) {
     out.push_back(call.str());
+  }
+  return out;
+}
+
+std::string withGle(std::string_view line, int joinStyle, int numSides) {
+  std::string out(line);
+  out += " [join=";
+  appendNumber(out, joinStyle);
+  out += " sides=";
+  appendNumber(out, numSides);
+  out += ']';
+  return out;
+}
+
+std::string withGleSettings(const Call& call) {
+  return call.gle ? withGle(call.str(), call.gle->joinStyle, call.gle->numSides) : call.str();
+}
+
+std::vector<std::string> gleLines(const std::vector<Call>& calls) {
+  std::vector<std::string> out;
+  for (const Call& call : calls) {
+    if (call.gle) {
+      out.push_back(withGleSettings(call));
+    }
   }
   return out;
 }

@@ -68,6 +68,12 @@ std::string errorName(GLenum error);
 
 // ------------------------------------------------------------------ recorded calls
 
+// GLE's drawing settings: they shape every GLE sweep issued while they are in force.
+struct GleSettings {
+  int joinStyle = 0;
+  int numSides = 0;
+};
+
 struct Call {
   std::string name;
   std::vector<Arg> args;
@@ -80,6 +86,10 @@ struct Call {
   // The call takes effect at once even while a list is being compiled, and glCallList does not
   // replay it: GL queries and list management, GLU quadric state, GLE settings.
   bool immediate = false;
+  // For the GLE sweeps (gleToroid, gleHelicoid, gleSpiral, glePolyCylinder, gleExtrusion): the
+  // settings in force when the call was issued. A list holds the geometry they produced, so a
+  // replayed sweep keeps the settings of its compile. Empty for every other call; not in str().
+  std::optional<GleSettings> gle;
 
   bool inList() const { return list != 0; }
   // "name(arg, arg, ...)", as in the log.
@@ -96,6 +106,17 @@ std::ostream& operator<<(std::ostream& os, const Call& call);
 
 // str() of each call.
 std::vector<std::string> lines(const std::vector<Call>& calls);
+
+// A log line with GLE settings appended: "gleToroid(...) [join=530 sides=20]".
+std::string withGle(std::string_view line, int joinStyle, int numSides);
+// The call's line with the GLE settings it was issued under (withGle); str() for a call that
+// carries none.
+std::string withGleSettings(const Call& call);
+// withGleSettings() of each GLE sweep among calls, in order; other calls are left out. So
+//   EXPECT_LINES({glrec::withGle(line("gleToroid", ...), 530, 20)},
+//                glrec::gleLines(recorder().listCalls(2)));
+// pins what a later list inherited, in one line.
+std::vector<std::string> gleLines(const std::vector<Call>& calls);
 
 // ------------------------------------------------------------------ expected lines
 
@@ -269,6 +290,8 @@ class Recorder {
   std::array<float, 3> currentNormal() const;
   std::array<float, 4> material(GLenum face, GLenum pname) const;  // GL_FRONT or GL_BACK
   float lineWidth() const;
+  // glPolygonMode of GL_FRONT or GL_BACK (GL_FILL until set).
+  GLenum polygonMode(GLenum face) const;
   const std::vector<Primitive>& primitives() const;
 
   // GLU quadrics.

@@ -53,3 +53,6 @@ inline auto LinesEq(std::vector<std::string> expected) {
 }
 
 }  // namespace glrec
+
+// EXPECT_LINES(expected, actual): the same comparison, expected first as in the other EXPECT_*s.
+#define EXPECT_LINES(expected, actual) EXPECT_THAT((actual), glrec::LinesEq(expected))

@@ -189,6 +189,10 @@ std::array<float, 4> Recorder::material(GLenum face, GLenum pname) const {
 float Recorder::lineWidth() const {
   return E().lineWidth;
 }
+
+GLenum Recorder::polygonMode(GLenum face) const {
+  return face == GL_BACK ? E().polygonBack : E().polygonFront;
+}
 const std::vector<Primitive>& Recorder::primitives() const {
   return E().primitives;
 }

@@ -1,0 +1,29 @@
+#ifndef LUMAGRID_TESTS_SUPPORT_RECORDED_RECORDEDTEST_H
+#define LUMAGRID_TESTS_SUPPORT_RECORDED_RECORDEDTEST_H
+
+#include <lumagrid/CGLObject.h>
+
+#include <gtest/gtest.h>
+
+#include "glrecorder/GLRecorder.h"
+
+// Back to a fresh recorded context and the stock tessellation defaults, and
+// back to the defaults again afterwards, so that no test leaks them.
+class RecordedTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    glrec::recorder().reset();
+    CGLObject::s_nSlices4New = 128;
+    CGLObject::s_nStacks4New = 8;
+  }
+  void TearDown() override {
+    CGLObject::s_nSlices4New = 128;
+    CGLObject::s_nStacks4New = 8;
+  }
+};
+
+// The same, for TEST_P suites.
+template <class Param>
+class RecordedTestWithParam : public RecordedTest, public ::testing::WithParamInterface<Param> {};
+
+#endif
