@@ -23,7 +23,12 @@
 #include <lumagrid/CGLSphere.h>
 #include <lumagrid/CGLCylinder.h>
 #include <lumagrid/CGLCone.h>
+#include <lumagrid/CGLTorus.h>
 #include <lumagrid/CGLArrow.h>
 #include <lumagrid/CGLAxis.h>
+
+// Path shapes
+#include <lumagrid/CGLPolyline.h>
+#include <lumagrid/CGLBelt.h>
 
 #endif

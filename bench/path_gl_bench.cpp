@@ -1,0 +1,142 @@
+// The torus, polyline and belt lists compiled through Lumagrid beside the
+// same GL and GLE calls made by hand, in one headless llvmpipe context; and
+// the belt's outline builder alone, per outline.
+
+#include <lumagrid/CGLBelt.h>
+#include <lumagrid/CGLPolyline.h>
+#include <lumagrid/CGLTorus.h>
+
+#include <GL/gl.h>
+#include <GL/gle.h>
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <vector>
+
+#include "bench_gl_support.h"
+#include "shapes/path/belt_outline.h"
+
+namespace {
+
+template <class Shape>
+class Recompiled : public Shape {
+ public:
+  using Shape::Shape;
+  void Invalidate() { this->m_bModified = true; }
+};
+
+template <class Shape>
+void Compile(Recompiled<Shape>& shape, benchmark::State& state) {
+  shape.DisplayListMake();
+  for (auto _ : state) {
+    shape.Invalidate();
+    benchmark::DoNotOptimize(shape.DisplayListMake());
+  }
+  glFinish();
+}
+
+template <class Emit>
+void CompileByHand(Emit&& emit, benchmark::State& state) {
+  const GLuint list = glGenLists(1);
+  for (auto _ : state) {
+    glNewList(list, GL_COMPILE);
+    emit();
+    glEndList();
+  }
+  glFinish();
+  glDeleteLists(list, 1);
+}
+
+// ---------------------------------------------------------------- torus
+
+void TorusLumagrid(benchmark::State& state) {
+  bench::glContext();
+  Recompiled<CGLTorus> torus;
+  Compile(torus, state);
+}
+
+void TorusGle(benchmark::State& state) {
+  bench::glContext();
+  CompileByHand(
+      [] {
+        gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+        gleToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+      },
+      state);
+}
+
+// ---------------------------------------------------------------- polyline
+
+constexpr int kPolylinePoints = 1000;
+
+void PolylineLumagrid(benchmark::State& state) {
+  bench::glContext();
+  Recompiled<CGLPolyline> poly;
+  for (int i = 0; i < kPolylinePoints; ++i) {
+    poly.AddVertex(i * 0.001, i * 0.002, 0.0);
+  }
+  Compile(poly, state);
+}
+
+void PolylineGl(benchmark::State& state) {
+  bench::glContext();
+  std::vector<std::array<double, 3>> points;
+  for (int i = 0; i < kPolylinePoints; ++i) {
+    points.push_back({i * 0.001, i * 0.002, 0.0});
+  }
+  CompileByHand(
+      [&] {
+        glColor3d(0.5, 0.5, 0.5);
+        glBegin(GL_LINE_STRIP);
+        for (const auto& p : points) {
+          glVertex3d(p[0], p[1], p[2]);
+        }
+        glEnd();
+      },
+      state);
+}
+
+// ---------------------------------------------------------------- belt
+
+void BeltLumagrid(benchmark::State& state) {
+  bench::glContext();
+  Recompiled<CGLBelt> belt(1.0, 0.6, 3.0);
+  belt.SetQuality(static_cast<unsigned int>(state.range(0)));
+  Compile(belt, state);
+}
+
+// The outline's points, computed once, as a host that knows them would.
+void BeltGl(benchmark::State& state) {
+  bench::glContext();
+  const std::vector<lumagrid::detail::BeltPoint> outline = lumagrid::detail::BuildBeltOutline(
+      1.0, 0.6, 3.0, static_cast<int>(state.range(0)), lumagrid::detail::kFullBelt);
+  CompileByHand(
+      [&] {
+        glBegin(GL_LINE_STRIP);
+        for (const auto& p : outline) {
+          glVertex3d(p.x, p.y, p.z);
+        }
+        glEnd();
+      },
+      state);
+}
+
+void BeltProfile(benchmark::State& state) {
+  const int quality = static_cast<int>(state.range(0));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(
+        lumagrid::detail::BuildBeltOutline(1.0, 0.6, 3.0, quality, lumagrid::detail::kFullBelt));
+  }
+}
+
+}  // namespace
+
+BENCHMARK(TorusLumagrid)->Name("torus_compile/lumagrid");
+BENCHMARK(TorusGle)->Name("torus_compile/gle");
+BENCHMARK(PolylineLumagrid)->Name("polyline1000_compile/lumagrid");
+BENCHMARK(PolylineGl)->Name("polyline1000_compile/gl");
+BENCHMARK(BeltLumagrid)->Name("belt_compile/lumagrid")->Arg(20)->Arg(50);
+BENCHMARK(BeltGl)->Name("belt_compile/gl")->Arg(20)->Arg(50);
+BENCHMARK(BeltProfile)->Name("belt_profile/builder")->Arg(20)->Arg(50);
+
+BENCHMARK_MAIN();

@@ -1,0 +1,43 @@
+#include <lumagrid/CGLTorus.h>
+
+#include <GL/gle.h>
+
+CGLTorus::CGLTorus() : CGLTorus(0.1, 1.0, 0.0, 360.0) {}
+
+CGLTorus::CGLTorus(double innerRadius, double outerRadius, double startAngle, double sweepAngle)
+    : CGLObject(),
+      m_dInnerRadius(innerRadius),
+      m_dOuterRadius(outerRadius),
+      m_dStartAngle(startAngle),
+      m_dSweepAngle(sweepAngle) {}
+
+CGLTorus::CGLTorus(const CGLTorus& o) = default;
+
+CGLTorus& CGLTorus::operator=(const CGLTorus& o) = default;
+
+CGLTorus::~CGLTorus() = default;
+
+double CGLTorus::innerRadius() {
+  return m_dInnerRadius;
+}
+
+double CGLTorus::outerRadius() {
+  return m_dOuterRadius;
+}
+
+double CGLTorus::startAngle() {
+  return m_dStartAngle;
+}
+
+double CGLTorus::sweepAngle() {
+  return m_dSweepAngle;
+}
+
+long CGLTorus::DisplayListMake() {
+  return DisplayListCompile([&] {
+    // Left in force afterwards: later GLE drawings inherit this style.
+    gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+    gleToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr, m_dStartAngle,
+              m_dSweepAngle);
+  });
+}
