@@ -1,16 +1,16 @@
 #include <lumagrid/mat4x4.h>
 
 #include "math/mat4x4_inverse.h"
+#include "math/mat4x4_product.h"
+
+#include "math/tolerance.h"
 
 #include <cmath>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+using lumagrid::detail::kTolerance;
+using lumagrid::detail::product;
 
 namespace {
-
-constexpr double kTiny = 1e-10;
 
 // Expansion down the first column of the rows (a, b, c; d, e, f; g, h, i).
 double det3(double a, double b, double c, double d, double e, double f, double g, double h,
@@ -18,64 +18,9 @@ double det3(double a, double b, double c, double d, double e, double f, double g
   return (e * i - f * h) * a - (b * i - c * h) * d + (b * f - c * e) * g;
 }
 
-// r = a * b, each element summed left to right from 0.0. All of a and a
-// whole column of b are read before a column of r is written.
-#if defined(__SSE2__)
-inline __attribute__((always_inline)) void productColumn(double* r, __m128d const* a,
-                                                         double const* b) {
-  __m128d const b01 = _mm_loadu_pd(b);
-  __m128d const b23 = _mm_loadu_pd(b + 2);
-  __m128d const b0 = _mm_unpacklo_pd(b01, b01);
-  __m128d const b1 = _mm_unpackhi_pd(b01, b01);
-  __m128d const b2 = _mm_unpacklo_pd(b23, b23);
-  __m128d const b3 = _mm_unpackhi_pd(b23, b23);
-  // Starting from +0.0 turns an all-(-0.0) sum into +0.0.
-  __m128d lo = _mm_add_pd(_mm_setzero_pd(), _mm_mul_pd(a[0], b0));
-  __m128d hi = _mm_add_pd(_mm_setzero_pd(), _mm_mul_pd(a[1], b0));
-  lo = _mm_add_pd(lo, _mm_mul_pd(a[2], b1));
-  hi = _mm_add_pd(hi, _mm_mul_pd(a[3], b1));
-  lo = _mm_add_pd(lo, _mm_mul_pd(a[4], b2));
-  hi = _mm_add_pd(hi, _mm_mul_pd(a[5], b2));
-  lo = _mm_add_pd(lo, _mm_mul_pd(a[6], b3));
-  hi = _mm_add_pd(hi, _mm_mul_pd(a[7], b3));
-  _mm_storeu_pd(r, lo);
-  _mm_storeu_pd(r + 2, hi);
-}
-
-inline __attribute__((always_inline)) void product(double* r, double const* a, double const* b) {
-  __m128d const cols[8] = {_mm_loadu_pd(a),      _mm_loadu_pd(a + 2), _mm_loadu_pd(a + 4),
-                           _mm_loadu_pd(a + 6),  _mm_loadu_pd(a + 8), _mm_loadu_pd(a + 10),
-                           _mm_loadu_pd(a + 12), _mm_loadu_pd(a + 14)};
-  productColumn(r, cols, b);
-  productColumn(r + 4, cols, b + 4);
-  productColumn(r + 8, cols, b + 8);
-  productColumn(r + 12, cols, b + 12);
-}
-#else
-void product(double* r, double const* a, double const* b) {
-  double cols[16];
-  for (int k = 0; k < 16; ++k) {
-    cols[k] = a[k];
-  }
-  for (int c = 0; c < 4; ++c) {
-    double column[4];
-    for (int row = 0; row < 4; ++row) {
-      double s = 0.0;
-      for (int k = 0; k < 4; ++k) {
-        s += cols[4 * k + row] * b[4 * c + k];
-      }
-      column[row] = s;
-    }
-    for (int row = 0; row < 4; ++row) {
-      r[4 * c + row] = column[row];
-    }
-  }
-}
-#endif
-
 }  // namespace
 
-void mat4x4::copy(mat4x4 const& m) {
+void mat4x4::copy(const mat4x4& m) {
   for (int k = 0; k < 16; ++k) {
     m_e[k] = m.m_e[k];
   }
@@ -92,28 +37,28 @@ void mat4x4::identity() {
   m_e[0] = m_e[5] = m_e[10] = m_e[15] = 1.0;
 }
 
-void mat4x4::setRow(int i, vec3d const& v) {
+void mat4x4::setRow(int i, const vec3d& v) {
   m_e[i] = v.x();
   m_e[i + 4] = v.y();
   m_e[i + 8] = v.z();
   m_e[i + 12] = i == 3 ? 1.0 : 0.0;
 }
 
-void mat4x4::setRow(int i, vec4d const& v) {
+void mat4x4::setRow(int i, const vec4d& v) {
   m_e[i] = v.x();
   m_e[i + 4] = v.y();
   m_e[i + 8] = v.z();
   m_e[i + 12] = v.w();
 }
 
-void mat4x4::setCol(int i, vec3d const& v) {
+void mat4x4::setCol(int i, const vec3d& v) {
   m_e[4 * i] = v.x();
   m_e[4 * i + 1] = v.y();
   m_e[4 * i + 2] = v.z();
   m_e[4 * i + 3] = i == 3 ? 1.0 : 0.0;
 }
 
-void mat4x4::setCol(int i, vec4d const& v) {
+void mat4x4::setCol(int i, const vec4d& v) {
   m_e[4 * i] = v.x();
   m_e[4 * i + 1] = v.y();
   m_e[4 * i + 2] = v.z();
@@ -128,7 +73,7 @@ vec3d mat4x4::getCol(int i) const {
   return vec3d(m_e[4 * i], m_e[4 * i + 1], m_e[4 * i + 2]);
 }
 
-mat4x4 mat4x4::operator+(mat4x4 const& m) const {
+mat4x4 mat4x4::operator+(const mat4x4& m) const {
   mat4x4 r;
   r.add(*this, m);
   return r;
@@ -138,7 +83,7 @@ mat4x4 mat4x4::operator+() const {
   return *this;
 }
 
-mat4x4& mat4x4::operator+=(mat4x4 const& m) {
+mat4x4& mat4x4::operator+=(const mat4x4& m) {
   add(*this, m);
   return *this;
 }
@@ -149,27 +94,27 @@ mat4x4 mat4x4::operator-() const {
   return r;
 }
 
-mat4x4 mat4x4::operator-(mat4x4 const& m) const {
+mat4x4 mat4x4::operator-(const mat4x4& m) const {
   // Binary minus adds, like sub(); callers rely on that.
   mat4x4 r;
   r.sub(*this, m);
   return r;
 }
 
-mat4x4& mat4x4::operator-=(mat4x4 const& m) {
+mat4x4& mat4x4::operator-=(const mat4x4& m) {
   for (int k = 0; k < 16; ++k) {
     m_e[k] -= m.m_e[k];
   }
   return *this;
 }
 
-mat4x4 mat4x4::operator*(mat4x4 const& m) const {
+mat4x4 mat4x4::operator*(const mat4x4& m) const {
   mat4x4 r;
   product(r.m_e, m_e, m.m_e);
   return r;
 }
 
-mat4x4& mat4x4::operator*=(mat4x4 const& m) {
+mat4x4& mat4x4::operator*=(const mat4x4& m) {
   mat4x4 r;
   product(r.m_e, m_e, m.m_e);
   copy(r);
@@ -205,25 +150,25 @@ void mat4x4::scalar(double s) {
   }
 }
 
-void mat4x4::add(mat4x4 const& a, mat4x4 const& b) {
+void mat4x4::add(const mat4x4& a, const mat4x4& b) {
   for (int k = 0; k < 16; ++k) {
     m_e[k] = a.m_e[k] + b.m_e[k];
   }
 }
 
-void mat4x4::sub(mat4x4 const& a, mat4x4 const& b) {
+void mat4x4::sub(const mat4x4& a, const mat4x4& b) {
   // Adds its operands, like add(): callers rely on that.
   add(a, b);
 }
 
-void mat4x4::mul(mat4x4 const& a, mat4x4 const& b) {
+void mat4x4::mul(const mat4x4& a, const mat4x4& b) {
   product(m_e, a.m_e, b.m_e);
 }
 
 void mat4x4::transpose() {
   for (int c = 0; c < 4; ++c) {
     for (int r = c + 1; r < 4; ++r) {
-      double const t = m_e[4 * c + r];
+      const double t = m_e[4 * c + r];
       m_e[4 * c + r] = m_e[4 * r + c];
       m_e[4 * r + c] = t;
     }
@@ -235,7 +180,7 @@ void mat4x4::swap() {
 }
 
 double mat4x4::det() const {
-  double const* e = m_e;
+  const double* e = m_e;
   return e[0] * det3(e[5], e[6], e[7], e[9], e[10], e[11], e[13], e[14], e[15]) -
          e[4] * det3(e[1], e[2], e[3], e[9], e[10], e[11], e[13], e[14], e[15]) +
          e[8] * det3(e[1], e[2], e[3], e[5], e[6], e[7], e[13], e[14], e[15]) -
@@ -243,7 +188,7 @@ double mat4x4::det() const {
 }
 
 void mat4x4::adjoint() {
-  double const e[16] = {m_e[0], m_e[1], m_e[2],  m_e[3],  m_e[4],  m_e[5],  m_e[6],  m_e[7],
+  const double e[16] = {m_e[0], m_e[1], m_e[2],  m_e[3],  m_e[4],  m_e[5],  m_e[6],  m_e[7],
                         m_e[8], m_e[9], m_e[10], m_e[11], m_e[12], m_e[13], m_e[14], m_e[15]};
   for (int i = 0; i < 4; ++i) {
     for (int j = 0; j < 4; ++j) {
@@ -254,22 +199,22 @@ void mat4x4::adjoint() {
           v[n++] = e[k];
         }
       }
-      double const d = det3(v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8]);
+      const double d = det3(v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8]);
       m_e[4 * i + j] = (i + j) % 2 == 0 ? d : -d;
     }
   }
 }
 
 bool mat4x4::inv() {
-  return lumagrid::invertInPlace(m_e);
+  return lumagrid::detail::invertInPlace(m_e);
 }
 
 void mat4x4::reorthogonalize(int n) {
-  static double const kCoeff[10] = {
+  static const double kCoeff[10] = {
       1.0,         -0.5,         0.375,          -0.3125,           0.2734375,
       -0.24609375, 0.2255859375, -0.20947265625, 0.196380615234375, -0.1854705810546875};
-  int const terms = n < 10 ? n : 10;
-  mat4x4 const a(*this);
+  const int terms = n < 10 ? n : 10;
+  const mat4x4 a(*this);
   mat4x4 t(a);
   t.transpose();
   mat4x4 p;
@@ -292,7 +237,7 @@ void mat4x4::reorthogonalize(int n) {
   mul(a, s);
 }
 
-bool mat4x4::cmp(mat4x4 const& m, double eps) const {
+bool mat4x4::cmp(const mat4x4& m, double eps) const {
   for (int k = 0; k < 16; ++k) {
     // Written so that a NaN difference passes.
     if (std::fabs(m_e[k] - m.m_e[k]) > eps) {
@@ -302,10 +247,10 @@ bool mat4x4::cmp(mat4x4 const& m, double eps) const {
   return true;
 }
 
-bool mat4x4::operator==(mat4x4 const& m) const {
-  return cmp(m, kTiny);
+bool mat4x4::operator==(const mat4x4& m) const {
+  return cmp(m, kTolerance);
 }
 
-bool mat4x4::operator!=(mat4x4 const& m) const {
-  return !cmp(m, kTiny);
+bool mat4x4::operator!=(const mat4x4& m) const {
+  return !cmp(m, kTolerance);
 }

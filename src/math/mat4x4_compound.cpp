@@ -3,24 +3,28 @@
 #include <lumagrid/MQuat.h>
 #include <lumagrid/MRot.h>
 
+#include "math/tolerance.h"
+
 #include <cmath>
 
-void mat4x4::loadRotate(MQuat const& q) {
-  double const n = q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w;
+using lumagrid::detail::kTolerance;
+
+void mat4x4::loadRotate(const MQuat& q) {
+  const double n = q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w;
   // 2/n normalises a non-unit quaternion on the way.
-  double const s = std::fabs(n) < 1e-10 ? 1.0 : 2.0 / n;
-  double const xs = q.x * s;
-  double const ys = q.y * s;
-  double const zs = q.z * s;
-  double const xx = q.x * xs;
-  double const yy = q.y * ys;
-  double const zz = q.z * zs;
-  double const xy = q.x * ys;
-  double const xz = q.x * zs;
-  double const yz = q.y * zs;
-  double const wx = q.w * xs;
-  double const wy = q.w * ys;
-  double const wz = q.w * zs;
+  const double s = std::fabs(n) < kTolerance ? 1.0 : 2.0 / n;
+  const double xs = q.x * s;
+  const double ys = q.y * s;
+  const double zs = q.z * s;
+  const double xx = q.x * xs;
+  const double yy = q.y * ys;
+  const double zz = q.z * zs;
+  const double xy = q.x * ys;
+  const double xz = q.x * zs;
+  const double yz = q.y * zs;
+  const double wx = q.w * xs;
+  const double wy = q.w * ys;
+  const double wz = q.w * zs;
 
   m_e[0] = 1.0 - (zz + yy);
   m_e[1] = xy + wz;
@@ -40,25 +44,25 @@ void mat4x4::loadRotate(MQuat const& q) {
   m_e[15] = 1.0;
 }
 
-void mat4x4::rotate(MQuat const& q) {
+void mat4x4::rotate(const MQuat& q) {
   mat4x4 r;
   r.loadRotate(q);
   *this *= r;
 }
 
-void mat4x4::loadRotate(MRot const& r) {
+void mat4x4::loadRotate(const MRot& r) {
   loadRotate(MQuat(r.axis, r.angle));
 }
 
-void mat4x4::loadRotate(vec3d const& axis, double a) {
+void mat4x4::loadRotate(const vec3d& axis, double a) {
   loadRotate(MQuat(axis, a));
 }
 
-void mat4x4::rotate(MRot const& r) {
+void mat4x4::rotate(const MRot& r) {
   rotate(MQuat(r.axis, r.angle));
 }
 
-void mat4x4::rotate(vec3d const& axis, double a) {
+void mat4x4::rotate(const vec3d& axis, double a) {
   rotate(MQuat(axis, a));
 }
 
@@ -120,8 +124,8 @@ int mat4x4::loadAlign(vec3d a, vec3d b) {
   r.setRow(1, d);
   r.setRow(2, c);
 
-  double const cs = b.dot(a);
-  double const sn = b.dot(d);
+  const double cs = b.dot(a);
+  const double sn = b.dot(d);
   mat4x4 z;
   z.identity();
   z.m_e[0] = cs;
@@ -206,7 +210,7 @@ void mat4x4::getXform(double* const out) const {
 void mat4x4::loadXform(double* const in) {
   identity();
   // in[12] scales the 3x3 part only; the translation is taken as it is.
-  double const k = in[12];
+  const double k = in[12];
   m_e[0] = in[0] * k;
   m_e[1] = in[1] * k;
   m_e[2] = in[2] * k;

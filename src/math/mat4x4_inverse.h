@@ -1,7 +1,7 @@
 #ifndef LUMAGRID_SRC_MATH_MAT4X4_INVERSE_H
 #define LUMAGRID_SRC_MATH_MAT4X4_INVERSE_H
 
-namespace lumagrid {
+namespace lumagrid::detail {
 
 // Inverts the sixteen values of a mat4x4 in place by Gauss-Jordan
 // elimination with full pivoting. False when the running product of the
@@ -9,9 +9,6 @@ namespace lumagrid {
 // eliminated, as they stood at that moment.
 bool invertInPlace(double* m);
 
-// The same, element by element, for targets without SSE2.
-bool invertInPlacePortable(double* m);
-
-}  // namespace lumagrid
+}  // namespace lumagrid::detail
 
 #endif

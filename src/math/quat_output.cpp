@@ -5,10 +5,10 @@
 
 #include <ostream>
 
-std::ostream& operator<<(std::ostream& os, MQuat const& q) {
+std::ostream& operator<<(std::ostream& os, const MQuat& q) {
   return lumagrid::writeFour(os, q.x, q.y, q.z, q.w);
 }
 
-std::ostream& operator<<(std::ostream& os, MRot const& r) {
+std::ostream& operator<<(std::ostream& os, const MRot& r) {
   return lumagrid::writeFour(os, r.axis.x(), r.axis.y(), r.axis.z(), r.angle);
 }

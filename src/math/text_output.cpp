@@ -14,17 +14,17 @@ std::ostream& writeFour(std::ostream& os, double x, double y, double z, double w
 
 }  // namespace lumagrid
 
-std::ostream& operator<<(std::ostream& os, vec3d const& v) {
+std::ostream& operator<<(std::ostream& os, const vec3d& v) {
   return os << "(" << v.x() << ", " << v.y() << ", " << v.z() << ")";
 }
 
-std::ostream& operator<<(std::ostream& os, vec4d const& v) {
+std::ostream& operator<<(std::ostream& os, const vec4d& v) {
   return lumagrid::writeFour(os, v.x(), v.y(), v.z(), v.w());
 }
 
-std::ostream& operator<<(std::ostream& os, mat4x4 const& m) {
+std::ostream& operator<<(std::ostream& os, const mat4x4& m) {
   for (int g = 0; g < 4; ++g) {
-    double const* col = m[g];
+    const double* col = m[g];
     os << col[0] << " " << col[1] << " " << col[2] << " " << col[3] << std::endl;
   }
   return os;

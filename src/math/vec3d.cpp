@@ -1,24 +1,22 @@
 #include <lumagrid/vec3d.h>
 #include <lumagrid/vec4d.h>
 
+#include "math/tolerance.h"
+
 #include <cmath>
 
-namespace {
-
-constexpr double kTiny = 1e-10;
-
-}  // namespace
+using lumagrid::detail::kTolerance;
 
 vec3d::vec3d() : m_v{0.0, 0.0, 0.0} {}
 
 vec3d::vec3d(double x, double y, double z) : m_v{x, y, z} {}
 
-vec3d::vec3d(vec4d const& v) {
-  if (std::fabs(v.w()) < kTiny) {
+vec3d::vec3d(const vec4d& v) {
+  if (std::fabs(v.w()) < kTolerance) {
     zero();
   }
   // No early return: a near-zero w still divides, so the zeroing never survives.
-  double const r = 1.0 / v.w();
+  const double r = 1.0 / v.w();
   m_v[0] = v.x() * r;
   m_v[1] = v.y() * r;
   m_v[2] = v.z() * r;
@@ -34,11 +32,11 @@ void vec3d::zero() {
   set(0.0, 0.0, 0.0);
 }
 
-void vec3d::copy(vec3d const& v) {
+void vec3d::copy(const vec3d& v) {
   set(v.m_v[0], v.m_v[1], v.m_v[2]);
 }
 
-vec3d vec3d::operator+(vec3d const& v) const {
+vec3d vec3d::operator+(const vec3d& v) const {
   return vec3d(m_v[0] + v.m_v[0], m_v[1] + v.m_v[1], m_v[2] + v.m_v[2]);
 }
 
@@ -46,14 +44,14 @@ vec3d vec3d::operator+() const {
   return *this;
 }
 
-vec3d& vec3d::operator+=(vec3d const& v) {
+vec3d& vec3d::operator+=(const vec3d& v) {
   m_v[0] += v.m_v[0];
   m_v[1] += v.m_v[1];
   m_v[2] += v.m_v[2];
   return *this;
 }
 
-vec3d vec3d::operator-(vec3d const& v) const {
+vec3d vec3d::operator-(const vec3d& v) const {
   return vec3d(m_v[0] - v.m_v[0], m_v[1] - v.m_v[1], m_v[2] - v.m_v[2]);
 }
 
@@ -61,7 +59,7 @@ vec3d vec3d::operator-() const {
   return vec3d(-m_v[0], -m_v[1], -m_v[2]);
 }
 
-vec3d& vec3d::operator-=(vec3d const& v) {
+vec3d& vec3d::operator-=(const vec3d& v) {
   m_v[0] -= v.m_v[0];
   m_v[1] -= v.m_v[1];
   m_v[2] -= v.m_v[2];
@@ -77,7 +75,7 @@ vec3d& vec3d::operator*=(double s) {
   return *this;
 }
 
-double vec3d::operator*(vec3d const& v) const {
+double vec3d::operator*(const vec3d& v) const {
   return dot(v);
 }
 
@@ -93,11 +91,11 @@ void vec3d::abs() {
   m_v[2] = std::fabs(m_v[2]);
 }
 
-void vec3d::add(vec3d const& a, vec3d const& b) {
+void vec3d::add(const vec3d& a, const vec3d& b) {
   set(a.m_v[0] + b.m_v[0], a.m_v[1] + b.m_v[1], a.m_v[2] + b.m_v[2]);
 }
 
-void vec3d::sub(vec3d const& a, vec3d const& b) {
+void vec3d::sub(const vec3d& a, const vec3d& b) {
   set(a.m_v[0] - b.m_v[0], a.m_v[1] - b.m_v[1], a.m_v[2] - b.m_v[2]);
 }
 
@@ -107,7 +105,7 @@ void vec3d::scalar(double s) {
   m_v[2] *= s;
 }
 
-double vec3d::dot(vec3d const& v) const {
+double vec3d::dot(const vec3d& v) const {
   return m_v[0] * v.m_v[0] + m_v[1] * v.m_v[1] + m_v[2] * v.m_v[2];
 }
 
@@ -123,17 +121,17 @@ void vec3d::linear_comb(double a, vec3d u, double b, vec3d v) {
   set(a * u.m_v[0] + b * v.m_v[0], a * u.m_v[1] + b * v.m_v[1], a * u.m_v[2] + b * v.m_v[2]);
 }
 
-void vec3d::cross(vec3d const& a, vec3d const& b) {
+void vec3d::cross(const vec3d& a, const vec3d& b) {
   set(a.m_v[1] * b.m_v[2] - a.m_v[2] * b.m_v[1], a.m_v[2] * b.m_v[0] - a.m_v[0] * b.m_v[2],
       a.m_v[0] * b.m_v[1] - a.m_v[1] * b.m_v[0]);
 }
 
-void vec3d::lerp(vec3d const& a, vec3d const& b, double t) {
+void vec3d::lerp(const vec3d& a, const vec3d& b, double t) {
   set((b.m_v[0] - a.m_v[0]) * t + a.m_v[0], (b.m_v[1] - a.m_v[1]) * t + a.m_v[1],
       (b.m_v[2] - a.m_v[2]) * t + a.m_v[2]);
 }
 
-void vec3d::min(vec3d const& v) {
+void vec3d::min(const vec3d& v) {
   for (int i = 0; i < 3; ++i) {
     if (m_v[i] > v.m_v[i]) {
       m_v[i] = v.m_v[i];
@@ -141,7 +139,7 @@ void vec3d::min(vec3d const& v) {
   }
 }
 
-void vec3d::max(vec3d const& v) {
+void vec3d::max(const vec3d& v) {
   for (int i = 0; i < 3; ++i) {
     if (v.m_v[i] > m_v[i]) {
       m_v[i] = v.m_v[i];
@@ -149,7 +147,7 @@ void vec3d::max(vec3d const& v) {
   }
 }
 
-bool vec3d::cmp(vec3d const& v, double eps) const {
+bool vec3d::cmp(const vec3d& v, double eps) const {
   for (int i = 0; i < 3; ++i) {
     // Written so that a NaN difference fails.
     if (!(std::fabs(m_v[i] - v.m_v[i]) < eps)) {
@@ -159,17 +157,17 @@ bool vec3d::cmp(vec3d const& v, double eps) const {
   return true;
 }
 
-bool vec3d::operator==(vec3d const& v) const {
-  return cmp(v, kTiny);
+bool vec3d::operator==(const vec3d& v) const {
+  return cmp(v, kTolerance);
 }
 
-bool vec3d::operator!=(vec3d const& v) const {
-  return !cmp(v, kTiny);
+bool vec3d::operator!=(const vec3d& v) const {
+  return !cmp(v, kTolerance);
 }
 
 void vec3d::normalize() {
-  double const l = length();
-  if (std::fabs(l) < kTiny) {
+  const double l = length();
+  if (std::fabs(l) < kTolerance) {
     zero();
     return;
   }
@@ -182,11 +180,11 @@ void vec3d::homogenize() {
 }
 
 void vec3d::rationalize() {
-  if (std::fabs(m_v[2]) < kTiny) {
+  if (std::fabs(m_v[2]) < kTolerance) {
     zero();
     return;
   }
-  double const r = 1.0 / m_v[2];
+  const double r = 1.0 / m_v[2];
   m_v[0] *= r;
   m_v[1] *= r;
   m_v[2] = 1.0;
@@ -194,29 +192,29 @@ void vec3d::rationalize() {
 
 void vec3d::cartesianize() {
   // The weight is tested on z but divides by w, which a lone vec3d lacks.
-  if (std::fabs(m_v[2]) < kTiny) {
+  if (std::fabs(m_v[2]) < kTolerance) {
     zero();
     return;
   }
-  double const w = 1.0;
-  double const r = 1.0 / w;
+  const double w = 1.0;
+  const double r = 1.0 / w;
   m_v[0] *= r;
   m_v[1] *= r;
   m_v[2] = 1.0;
 }
 
 void vec3d::perp(vec3d v) {
-  double const a = std::fabs(v.m_v[0]);
-  double const b = std::fabs(v.m_v[1]);
-  double const c = std::fabs(v.m_v[2]);
+  const double a = std::fabs(v.m_v[0]);
+  const double b = std::fabs(v.m_v[1]);
+  const double c = std::fabs(v.m_v[2]);
   int k;
   if (b >= a) {
     k = c >= a ? 0 : 2;
   } else {
     k = c >= b ? 1 : 2;
   }
-  int const i = k == 0 ? 1 : 0;
-  int const j = k == 2 ? 1 : 2;
+  const int i = k == 0 ? 1 : 0;
+  const int j = k == 2 ? 1 : 2;
   m_v[k] = 0.0;
   m_v[i] = v.m_v[j];
   m_v[j] = -v.m_v[i];
@@ -226,20 +224,20 @@ void vec3d::perp(vec3d v) {
   normalize();
 }
 
-void vec3d::normal(vec3d const& a, vec3d const& b, vec3d const& c) {
-  vec3d const u = c - b;
-  vec3d const w = a - b;
+void vec3d::normal(const vec3d& a, const vec3d& b, const vec3d& c) {
+  const vec3d u = c - b;
+  const vec3d w = a - b;
   cross(u, w);
   normalize();
 }
 
-void vec3d::cubic(vec3d const& p0, vec3d const& m0, vec3d const& m1, vec3d const& p1, double t) {
-  double const t2 = t * t;
-  double const t3 = t2 * t;
-  double const h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
-  double const h01 = 3.0 * t2 - 2.0 * t3;
-  double const h10 = t3 - 2.0 * t2 + t;
-  double const h11 = t3 - t2;
+void vec3d::cubic(const vec3d& p0, const vec3d& m0, const vec3d& m1, const vec3d& p1, double t) {
+  const double t2 = t * t;
+  const double t3 = t2 * t;
+  const double h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
+  const double h01 = 3.0 * t2 - 2.0 * t3;
+  const double h10 = t3 - 2.0 * t2 + t;
+  const double h11 = t3 - t2;
   for (int i = 0; i < 3; ++i) {
     m_v[i] = h00 * p0.m_v[i] + h01 * p1.m_v[i] + h10 * m0.m_v[i] + h11 * m1.m_v[i];
   }

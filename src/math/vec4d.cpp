@@ -1,18 +1,16 @@
 #include <lumagrid/vec4d.h>
 
+#include "math/tolerance.h"
+
 #include <cmath>
 
-namespace {
-
-constexpr double kTiny = 1e-10;
-
-}  // namespace
+using lumagrid::detail::kTolerance;
 
 vec4d::vec4d() : m_v{0.0, 0.0, 0.0, 0.0} {}
 
 vec4d::vec4d(double x, double y, double z, double w) : m_v{x, y, z, w} {}
 
-vec4d::vec4d(vec3d const& v) : m_v{v.x(), v.y(), v.z(), 1.0} {}
+vec4d::vec4d(const vec3d& v) : m_v{v.x(), v.y(), v.z(), 1.0} {}
 
 void vec4d::set(double x, double y, double z, double w) {
   m_v[0] = x;
@@ -25,11 +23,11 @@ void vec4d::zero() {
   set(0.0, 0.0, 0.0, 0.0);
 }
 
-void vec4d::copy(vec4d const& v) {
+void vec4d::copy(const vec4d& v) {
   set(v.m_v[0], v.m_v[1], v.m_v[2], v.m_v[3]);
 }
 
-vec4d vec4d::operator+(vec4d const& v) const {
+vec4d vec4d::operator+(const vec4d& v) const {
   return vec4d(m_v[0] + v.m_v[0], m_v[1] + v.m_v[1], m_v[2] + v.m_v[2], m_v[3] + v.m_v[3]);
 }
 
@@ -37,12 +35,12 @@ vec4d vec4d::operator+() const {
   return *this;
 }
 
-vec4d& vec4d::operator+=(vec4d const& v) {
+vec4d& vec4d::operator+=(const vec4d& v) {
   add(*this, v);
   return *this;
 }
 
-vec4d vec4d::operator-(vec4d const& v) const {
+vec4d vec4d::operator-(const vec4d& v) const {
   return vec4d(m_v[0] - v.m_v[0], m_v[1] - v.m_v[1], m_v[2] - v.m_v[2], m_v[3] - v.m_v[3]);
 }
 
@@ -50,7 +48,7 @@ vec4d vec4d::operator-() const {
   return vec4d(-m_v[0], -m_v[1], -m_v[2], -m_v[3]);
 }
 
-vec4d& vec4d::operator-=(vec4d const& v) {
+vec4d& vec4d::operator-=(const vec4d& v) {
   sub(*this, v);
   return *this;
 }
@@ -64,7 +62,7 @@ vec4d& vec4d::operator*=(double s) {
   return *this;
 }
 
-double vec4d::operator*(vec4d const& v) const {
+double vec4d::operator*(const vec4d& v) const {
   return dot(v);
 }
 
@@ -76,11 +74,11 @@ void vec4d::abs() {
   set(std::fabs(m_v[0]), std::fabs(m_v[1]), std::fabs(m_v[2]), std::fabs(m_v[3]));
 }
 
-void vec4d::add(vec4d const& a, vec4d const& b) {
+void vec4d::add(const vec4d& a, const vec4d& b) {
   set(a.m_v[0] + b.m_v[0], a.m_v[1] + b.m_v[1], a.m_v[2] + b.m_v[2], a.m_v[3] + b.m_v[3]);
 }
 
-void vec4d::sub(vec4d const& a, vec4d const& b) {
+void vec4d::sub(const vec4d& a, const vec4d& b) {
   set(a.m_v[0] - b.m_v[0], a.m_v[1] - b.m_v[1], a.m_v[2] - b.m_v[2], a.m_v[3] - b.m_v[3]);
 }
 
@@ -91,7 +89,7 @@ void vec4d::scalar(double s) {
   m_v[3] *= s;
 }
 
-double vec4d::dot(vec4d const& v) const {
+double vec4d::dot(const vec4d& v) const {
   return m_v[0] * v.m_v[0] + m_v[1] * v.m_v[1] + m_v[2] * v.m_v[2] + m_v[3] * v.m_v[3];
 }
 
@@ -108,12 +106,12 @@ void vec4d::linear_comb(double a, vec4d u, double b, vec4d v) {
       a * u.m_v[3] + b * v.m_v[3]);
 }
 
-void vec4d::lerp(vec4d const& a, vec4d const& b, double t) {
+void vec4d::lerp(const vec4d& a, const vec4d& b, double t) {
   set((b.m_v[0] - a.m_v[0]) * t + a.m_v[0], (b.m_v[1] - a.m_v[1]) * t + a.m_v[1],
       (b.m_v[2] - a.m_v[2]) * t + a.m_v[2], (b.m_v[3] - a.m_v[3]) * t + a.m_v[3]);
 }
 
-void vec4d::min(vec4d const& v) {
+void vec4d::min(const vec4d& v) {
   for (int i = 0; i < 4; ++i) {
     if (m_v[i] > v.m_v[i]) {
       m_v[i] = v.m_v[i];
@@ -121,7 +119,7 @@ void vec4d::min(vec4d const& v) {
   }
 }
 
-void vec4d::max(vec4d const& v) {
+void vec4d::max(const vec4d& v) {
   for (int i = 0; i < 4; ++i) {
     if (v.m_v[i] > m_v[i]) {
       m_v[i] = v.m_v[i];
@@ -129,7 +127,7 @@ void vec4d::max(vec4d const& v) {
   }
 }
 
-bool vec4d::cmp(vec4d const& v, double eps) const {
+bool vec4d::cmp(const vec4d& v, double eps) const {
   for (int i = 0; i < 4; ++i) {
     // Written so that a NaN difference fails.
     if (!(std::fabs(m_v[i] - v.m_v[i]) < eps)) {
@@ -139,18 +137,18 @@ bool vec4d::cmp(vec4d const& v, double eps) const {
   return true;
 }
 
-bool vec4d::operator==(vec4d const& v) const {
-  return cmp(v, kTiny);
+bool vec4d::operator==(const vec4d& v) const {
+  return cmp(v, kTolerance);
 }
 
-bool vec4d::operator!=(vec4d const& v) const {
-  return !cmp(v, kTiny);
+bool vec4d::operator!=(const vec4d& v) const {
+  return !cmp(v, kTolerance);
 }
 
 void vec4d::normalize() {
-  double const l = length();
+  const double l = length();
   // Unlike vec3d::normalize, a near-zero vector is left as it is.
-  if (std::fabs(l) < kTiny) {
+  if (std::fabs(l) < kTolerance) {
     return;
   }
   scalar(1.0 / l);
@@ -163,11 +161,11 @@ void vec4d::homogenize() {
 }
 
 double vec4d::rationalize() {
-  if (std::fabs(m_v[3]) < kTiny) {
+  if (std::fabs(m_v[3]) < kTolerance) {
     zero();
     return 0.0;
   }
-  double const r = 1.0 / m_v[3];
+  const double r = 1.0 / m_v[3];
   m_v[0] *= r;
   m_v[1] *= r;
   m_v[2] *= r;
@@ -179,22 +177,22 @@ double vec4d::cartesianize() {
   return rationalize();
 }
 
-void vec4d::cubic(vec4d const& p0, vec4d const& m0, vec4d const& m1, vec4d const& p1, double t) {
-  double const t2 = t * t;
-  double const t3 = t2 * t;
-  double const h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
-  double const h01 = 3.0 * t2 - 2.0 * t3;
-  double const h10 = t3 - 2.0 * t2 + t;
-  double const h11 = t3 - t2;
+void vec4d::cubic(const vec4d& p0, const vec4d& m0, const vec4d& m1, const vec4d& p1, double t) {
+  const double t2 = t * t;
+  const double t3 = t2 * t;
+  const double h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
+  const double h01 = 3.0 * t2 - 2.0 * t3;
+  const double h10 = t3 - 2.0 * t2 + t;
+  const double h11 = t3 - t2;
   for (int i = 0; i < 4; ++i) {
     m_v[i] = h00 * p0.m_v[i] + h01 * p1.m_v[i] + h10 * m0.m_v[i] + h11 * m1.m_v[i];
   }
 }
 
 vec4d::operator vec3d() const {
-  if (std::fabs(m_v[3]) < kTiny) {
+  if (std::fabs(m_v[3]) < kTolerance) {
     return vec3d(0.0, 0.0, 0.0);
   }
-  double const r = 1.0 / m_v[3];
+  const double r = 1.0 / m_v[3];
   return vec3d(m_v[0] * r, m_v[1] * r, m_v[2] * r);
 }

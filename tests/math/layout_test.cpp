@@ -29,18 +29,18 @@ static_assert(std::is_trivially_default_constructible<mat4x4>::value,
 static_assert(!std::is_trivially_default_constructible<vec3d>::value, "vec3d() clears");
 
 TEST(Layout, Vec3dArrayIsAPackedDoubleArray) {
-  vec3d const pts[2] = {vec3d(1.0, 2.0, 3.0), vec3d(4.0, 5.0, 6.0)};
+  const vec3d pts[2] = {vec3d(1.0, 2.0, 3.0), vec3d(4.0, 5.0, 6.0)};
   double flat[6];
   std::memcpy(flat, pts, sizeof pts);
   for (int i = 0; i < 6; ++i) {
     EXPECT_EQ(flat[i], i + 1.0);
   }
-  EXPECT_EQ(static_cast<void const*>(static_cast<double const*>(pts[0])),
-            static_cast<void const*>(&pts[0]));
+  EXPECT_EQ(static_cast<const void*>(static_cast<const double*>(pts[0])),
+            static_cast<const void*>(&pts[0]));
 }
 
 TEST(Layout, Vec4dHoldsXYZWInOrder) {
-  vec4d const v(1.0, 2.0, 3.0, 4.0);
+  const vec4d v(1.0, 2.0, 3.0, 4.0);
   double flat[4];
   std::memcpy(flat, &v, sizeof v);
   EXPECT_EQ(flat[0], 1.0);

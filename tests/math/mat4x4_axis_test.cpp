@@ -14,22 +14,22 @@ namespace {
 
 using reference::bits;
 
-double const kPi = 3.14159265358979323846;
+const double kPi = 3.14159265358979323846;
 
-mat4x4 fromArray(double const (&e)[16]) {
+mat4x4 fromArray(const double (&e)[16]) {
   mat4x4 m;
   std::memcpy(static_cast<double*>(m), e, sizeof e);
   return m;
 }
 
 mat4x4 sample() {
-  double const e[16] = {1.5, -2.0, 3.0,   0.25, 5.0,  6.5,  -7.0, 0.5,
+  const double e[16] = {1.5, -2.0, 3.0,   0.25, 5.0,  6.5,  -7.0, 0.5,
                         9.0, 10.0, -11.5, 0.75, 13.0, 14.0, 15.5, 2.0};
   return fromArray(e);
 }
 
-::testing::AssertionResult bitsEqual(mat4x4 const& m, double const* e) {
-  double const* a = m;
+::testing::AssertionResult bitsEqual(const mat4x4& m, const double* e) {
+  const double* a = m;
   for (int i = 0; i < 16; ++i) {
     if (bits(a[i]) != bits(e[i])) {
       return ::testing::AssertionFailure() << "index " << i << ": " << a[i] << " vs " << e[i];
@@ -38,17 +38,17 @@ mat4x4 sample() {
   return ::testing::AssertionSuccess();
 }
 
-::testing::AssertionResult bitsEqual(mat4x4 const& m, mat4x4 const& n) {
-  return bitsEqual(m, static_cast<double const*>(n));
+::testing::AssertionResult bitsEqual(const mat4x4& m, const mat4x4& n) {
+  return bitsEqual(m, static_cast<const double*>(n));
 }
 
-void expectBits(vec3d const& v, double x, double y, double z) {
+void expectBits(const vec3d& v, double x, double y, double z) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
   EXPECT_EQ(bits(v.y()), bits(y)) << "y: " << v.y() << " vs " << y;
   EXPECT_EQ(bits(v.z()), bits(z)) << "z: " << v.z() << " vs " << z;
 }
 
-void expectBits(vec4d const& v, double x, double y, double z, double w) {
+void expectBits(const vec4d& v, double x, double y, double z, double w) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
   EXPECT_EQ(bits(v.y()), bits(y)) << "y: " << v.y() << " vs " << y;
   EXPECT_EQ(bits(v.z()), bits(z)) << "z: " << v.z() << " vs " << z;
@@ -58,15 +58,15 @@ void expectBits(vec4d const& v, double x, double y, double z, double w) {
 TEST(Mat4x4Axis, LoadTranslateIsIdentityWithATranslation) {
   mat4x4 m = sample();
   m.loadTranslate(1.0, 2.0, 3.0);
-  double const e[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1};
+  const double e[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1};
   EXPECT_TRUE(bitsEqual(m, e));
 }
 
 TEST(Mat4x4Axis, TranslateMultipliesOnTheRight) {
   mat4x4 m = sample();
   m.translate(1.0, -2.0, 0.5);
-  mat4x4 const original = sample();
-  double const* s = original;
+  const mat4x4 original = sample();
+  const double* s = original;
   double e[16];
   std::memcpy(e, s, sizeof e);
   e[12] = s[12] + (1.0 * s[0] + -2.0 * s[4] + 0.5 * s[8]);
@@ -91,8 +91,8 @@ TEST(Mat4x4Axis, TranslateLeavesIndex15Unchanged) {
 TEST(Mat4x4Axis, TranslateNegSubtractsTheSameSum) {
   mat4x4 m = sample();
   m.translateNeg(vec3d(1.0, -2.0, 0.5));
-  mat4x4 const original = sample();
-  double const* s = original;
+  const mat4x4 original = sample();
+  const double* s = original;
   double e[16];
   std::memcpy(e, s, sizeof e);
   e[12] = s[12] - (1.0 * s[0] + -2.0 * s[4] + 0.5 * s[8]);
@@ -104,18 +104,18 @@ TEST(Mat4x4Axis, TranslateNegSubtractsTheSameSum) {
 TEST(Mat4x4Axis, LoadScaleIsDiagonal) {
   mat4x4 m = sample();
   m.loadScale(2.0, 3.0, 4.0);
-  double const e[16] = {2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 0, 0, 0, 1};
+  const double e[16] = {2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 0, 0, 0, 1};
   EXPECT_TRUE(bitsEqual(m, e));
 }
 
 TEST(Mat4x4Axis, ScaleMultipliesAllFourRowsOfTheFirstThreeColumns) {
   mat4x4 m = sample();
   m.scale(2.0, -1.0, 0.5);
-  mat4x4 const original = sample();
-  double const* s = original;
+  const mat4x4 original = sample();
+  const double* s = original;
   double e[16];
   for (int i = 0; i < 16; ++i) {
-    double const f[4] = {2.0, -1.0, 0.5, 1.0};
+    const double f[4] = {2.0, -1.0, 0.5, 1.0};
     e[i] = i < 12 ? s[i] * f[i / 4] : s[i];
   }
   EXPECT_TRUE(bitsEqual(m, e));
@@ -125,7 +125,7 @@ TEST(Mat4x4Axis, ScaleMultipliesAllFourRowsOfTheFirstThreeColumns) {
 }
 
 struct LoadRotateCase {
-  char const* name;
+  const char* name;
   void (mat4x4::*load)(double);
   int cosIndex[2];
   int sinIndex;
@@ -133,15 +133,15 @@ struct LoadRotateCase {
   int oneIndex;
 };
 
-void PrintTo(LoadRotateCase const& c, std::ostream* os) {
+void PrintTo(const LoadRotateCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class Mat4x4LoadRotate : public ::testing::TestWithParam<LoadRotateCase> {};
 
 TEST_P(Mat4x4LoadRotate, PlacesCosinesAndSines) {
-  LoadRotateCase const& c = GetParam();
-  double const a = 0.7;
+  const LoadRotateCase& c = GetParam();
+  const double a = 0.7;
   mat4x4 m = sample();
   (m.*c.load)(a);
   double e[16] = {};
@@ -159,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(LoadRotateCase{"X", &mat4x4::loadRotateX, {5, 10}, 6, 9, 0},
                       LoadRotateCase{"Y", &mat4x4::loadRotateY, {0, 10}, 8, 2, 5},
                       LoadRotateCase{"Z", &mat4x4::loadRotateZ, {0, 5}, 1, 4, 10}),
-    [](::testing::TestParamInfo<LoadRotateCase> const& info) {
+    [](const ::testing::TestParamInfo<LoadRotateCase>& info) {
       return std::string(info.param.name);
     });
 
@@ -194,27 +194,27 @@ TEST(Mat4x4Axis, RotateXYOfIdentityEqualLoadRotateXY) {
 }
 
 struct RotateCase {
-  char const* name;
+  const char* name;
   void (mat4x4::*rotate)(double);
   int first;   // column that takes + sin of the second
   int second;  // column that takes - sin of the first
   int untouched[2];
 };
 
-void PrintTo(RotateCase const& c, std::ostream* os) {
+void PrintTo(const RotateCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class Mat4x4Rotate : public ::testing::TestWithParam<RotateCase> {};
 
 TEST_P(Mat4x4Rotate, MixesTwoColumnsAndLeavesTheOthers) {
-  RotateCase const& rc = GetParam();
-  double const a = 0.9;
-  double const c = std::cos(a);
-  double const s = std::sin(a);
+  const RotateCase& rc = GetParam();
+  const double a = 0.9;
+  const double c = std::cos(a);
+  const double s = std::sin(a);
   mat4x4 m = sample();
   (m.*rc.rotate)(a);
-  mat4x4 const o = sample();
+  const mat4x4 o = sample();
   for (int r = 0; r < 4; ++r) {
     EXPECT_EQ(bits(m[rc.first][r]), bits(o[rc.first][r] * c + o[rc.second][r] * s)) << r;
     EXPECT_EQ(bits(m[rc.second][r]), bits(o[rc.second][r] * c - o[rc.first][r] * s)) << r;
@@ -230,7 +230,7 @@ INSTANTIATE_TEST_SUITE_P(Mat4x4Axis, Mat4x4Rotate,
                          ::testing::Values(RotateCase{"X", &mat4x4::rotateX, 1, 2, {0, 3}},
                                            RotateCase{"Y", &mat4x4::rotateY, 2, 0, {1, 3}},
                                            RotateCase{"Z", &mat4x4::rotateZ, 0, 1, {2, 3}}),
-                         [](::testing::TestParamInfo<RotateCase> const& info) {
+                         [](const ::testing::TestParamInfo<RotateCase>& info) {
                            return std::string(info.param.name);
                          });
 
@@ -238,21 +238,21 @@ TEST(Mat4x4Axis, RotateMultipliesOnTheRight) {
   mat4x4 m = sample();
   mat4x4 r;
   r.loadRotateY(0.3);
-  mat4x4 const expected = m * r;
+  const mat4x4 expected = m * r;
   m.rotateY(0.3);
   EXPECT_TRUE(m.cmp(expected, 1e-14));
   m = sample();
   r.loadRotateX(-0.8);
-  mat4x4 const expectedX = m * r;
+  const mat4x4 expectedX = m * r;
   m.rotateX(-0.8);
   EXPECT_TRUE(m.cmp(expectedX, 1e-14));
 }
 
 TEST(Mat4x4Axis, TimesVec3dIgnoresTheBottomRow) {
-  mat4x4 const m = sample();
-  vec3d const v(2.0, -1.0, 0.5);
-  double const* e = m;
-  vec3d const r = m * v;
+  const mat4x4 m = sample();
+  const vec3d v(2.0, -1.0, 0.5);
+  const double* e = m;
+  const vec3d r = m * v;
   // No division by a weight.
   expectBits(r, 2.0 * e[0] + -1.0 * e[4] + 0.5 * e[8] + e[12],
              2.0 * e[1] + -1.0 * e[5] + 0.5 * e[9] + e[13],
@@ -278,17 +278,17 @@ TEST(Mat4x4Axis, TimesVec4dCopiesZIntoW) {
   mat4x4 m;
   m.identity();
   expectBits(m * vec4d(1.0, 2.0, 3.0, 1.0), 1.0, 2.0, 3.0, 3.0);
-  mat4x4 const s = sample();
-  double const* e = s;
-  vec4d const r = s * vec4d(2.0, -1.0, 0.5, 3.0);
-  double const z = 2.0 * e[2] + -1.0 * e[6] + 0.5 * e[10] + 3.0 * e[14];
+  const mat4x4 s = sample();
+  const double* e = s;
+  const vec4d r = s * vec4d(2.0, -1.0, 0.5, 3.0);
+  const double z = 2.0 * e[2] + -1.0 * e[6] + 0.5 * e[10] + 3.0 * e[14];
   expectBits(r, 2.0 * e[0] + -1.0 * e[4] + 0.5 * e[8] + 3.0 * e[12],
              2.0 * e[1] + -1.0 * e[5] + 0.5 * e[9] + 3.0 * e[13], z, z);
 }
 
 TEST(Mat4x4Axis, TransformVec4dIsTheFullProduct) {
-  mat4x4 const s = sample();
-  double const* e = s;
+  const mat4x4 s = sample();
+  const double* e = s;
   vec4d v(2.0, -1.0, 0.5, 3.0);
   s.transform(v);
   expectBits(v, 2.0 * e[0] + -1.0 * e[4] + 0.5 * e[8] + 3.0 * e[12],
@@ -309,17 +309,17 @@ TEST(Mat4x4Axis, TransformMatchesTheOrderedSumsOnRandomInputs) {
     reference::randomFill(rng, e, 16, -5.0, 5.0);
     double p[4];
     reference::randomFill(rng, p, 4, -5.0, 5.0);
-    mat4x4 const m = fromArray(e);
+    const mat4x4 m = fromArray(e);
     vec3d v(p[0], p[1], p[2]);
     m.transform(v);
     for (int k = 0; k < 3; ++k) {
-      double const expected = p[0] * e[k] + p[1] * e[4 + k] + p[2] * e[8 + k] + e[12 + k];
+      const double expected = p[0] * e[k] + p[1] * e[4 + k] + p[2] * e[8 + k] + e[12 + k];
       ASSERT_EQ(bits(v[k]), bits(expected)) << "case " << n << " k " << k;
     }
     vec4d w(p[0], p[1], p[2], p[3]);
     m.transform(w);
     for (int k = 0; k < 4; ++k) {
-      double const expected = p[0] * e[k] + p[1] * e[4 + k] + p[2] * e[8 + k] + p[3] * e[12 + k];
+      const double expected = p[0] * e[k] + p[1] * e[4 + k] + p[2] * e[8 + k] + p[3] * e[12 + k];
       ASSERT_EQ(bits(w[k]), bits(expected)) << "case " << n << " k " << k;
     }
   }

@@ -19,7 +19,7 @@ constexpr double kPi = 3.141592653589793;
 
 using Values = std::array<double, 16>;
 
-mat4x4 fromValues(Values const& v) {
+mat4x4 fromValues(const Values& v) {
   mat4x4 m;
   for (int i = 0; i < 16; ++i) {
     static_cast<double*>(m)[i] = v[i];
@@ -42,28 +42,28 @@ mat4x4 identityMatrix() {
 }
 
 // Exact, index by index (0.0 and -0.0 count as equal).
-void expectMatrix(mat4x4 const& m, mat4x4 const& expected) {
+void expectMatrix(const mat4x4& m, const mat4x4& expected) {
   for (int i = 0; i < 16; ++i) {
-    EXPECT_EQ(static_cast<double const*>(m)[i], static_cast<double const*>(expected)[i])
+    EXPECT_EQ(static_cast<const double*>(m)[i], static_cast<const double*>(expected)[i])
         << "index " << i;
   }
 }
 
-void expectMatrixNear(mat4x4 const& m, mat4x4 const& expected, double tol) {
+void expectMatrixNear(const mat4x4& m, const mat4x4& expected, double tol) {
   for (int i = 0; i < 16; ++i) {
-    EXPECT_NEAR(static_cast<double const*>(m)[i], static_cast<double const*>(expected)[i], tol)
+    EXPECT_NEAR(static_cast<const double*>(m)[i], static_cast<const double*>(expected)[i], tol)
         << "index " << i;
   }
 }
 
-void expectVecNear(vec3d const& v, double x, double y, double z, double tol) {
+void expectVecNear(const vec3d& v, double x, double y, double z, double tol) {
   EXPECT_NEAR(v.x(), x, tol);
   EXPECT_NEAR(v.y(), y, tol);
   EXPECT_NEAR(v.z(), z, tol);
 }
 
 // The top-left 3x3 of m against an Eigen rotation, the rest identity.
-void expectRotationNear(mat4x4 const& m, Eigen::Matrix3d const& r, double tol) {
+void expectRotationNear(const mat4x4& m, const Eigen::Matrix3d& r, double tol) {
   for (int c = 0; c < 3; ++c) {
     for (int row = 0; row < 3; ++row) {
       EXPECT_NEAR(m[c][row], r(row, c), tol) << "row " << row << " column " << c;
@@ -74,7 +74,7 @@ void expectRotationNear(mat4x4 const& m, Eigen::Matrix3d const& r, double tol) {
   EXPECT_EQ(m[3][3], 1.0);
 }
 
-Eigen::Vector3d toEigen(vec3d const& v) {
+Eigen::Vector3d toEigen(const vec3d& v) {
   return Eigen::Vector3d(v.x(), v.y(), v.z());
 }
 
@@ -106,13 +106,13 @@ class Random {
 // ---------------------------------------------------------------- quaternion rotations
 
 TEST(Mat4x4CompoundTest, LoadRotateFollowsTheStatedFormula) {
-  MQuat const q(0.1, -0.7, 0.4, 1.3);
-  double const n = q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w;
-  double const s = 2.0 / n;
-  double const xs = q.x * s, ys = q.y * s, zs = q.z * s;
-  double const xx = q.x * xs, yy = q.y * ys, zz = q.z * zs;
-  double const xy = q.x * ys, xz = q.x * zs, yz = q.y * zs;
-  double const wx = q.w * xs, wy = q.w * ys, wz = q.w * zs;
+  const MQuat q(0.1, -0.7, 0.4, 1.3);
+  const double n = q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w;
+  const double s = 2.0 / n;
+  const double xs = q.x * s, ys = q.y * s, zs = q.z * s;
+  const double xx = q.x * xs, yy = q.y * ys, zz = q.z * zs;
+  const double xy = q.x * ys, xz = q.x * zs, yz = q.y * zs;
+  const double wx = q.w * xs, wy = q.w * ys, wz = q.w * zs;
 
   mat4x4 m = filledWith(7.0);
   m.loadRotate(q);
@@ -125,7 +125,7 @@ TEST(Mat4x4CompoundTest, LoadRotateFollowsTheStatedFormula) {
 TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
   Random rnd(41);
   for (int n = 0; n < 200; ++n) {
-    MQuat const q = rnd.unitQuat();
+    const MQuat q = rnd.unitQuat();
     mat4x4 m;
     m.loadRotate(q);
     expectRotationNear(m, Eigen::Quaterniond(q.w, q.x, q.y, q.z).toRotationMatrix(), 1e-14);
@@ -133,7 +133,7 @@ TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
 }
 
 TEST(Mat4x4CompoundTest, LoadRotateNormalisesImplicitly) {
-  MQuat const q(0.1, -0.7, 0.4, 0.5);
+  const MQuat q(0.1, -0.7, 0.4, 0.5);
   mat4x4 a;
   a.loadRotate(q);
   mat4x4 b;
@@ -160,7 +160,7 @@ TEST(Mat4x4CompoundTest, LoadRotateOfATinyQuaternionUsesAUnitScale) {
   // n = 2.5e-11 is below 1e-10, so s = 1.0 rather than 2 / n.
   mat4x4 m = filledWith(7.0);
   m.loadRotate(MQuat(5e-6, 0, 0, 0));
-  double const xx = 5e-6 * 5e-6;
+  const double xx = 5e-6 * 5e-6;
   expectMatrix(m, fromValues({1, 0, 0, 0, 0, 1.0 - (0.0 + xx), 0, 0, 0, 0, 1.0 - (0.0 + xx), 0,  //
                               0, 0, 0, 1}));
 }
@@ -189,8 +189,8 @@ TEST(Mat4x4CompoundTest, ZeroAxisGivesTheIdentity) {
 }
 
 TEST(Mat4x4CompoundTest, AxisAngleOverloadsGoThroughTheQuaternion) {
-  vec3d const axis(0.3, -1.2, 2.0);
-  double const a = 0.83;
+  const vec3d axis(0.3, -1.2, 2.0);
+  const double a = 0.83;
   mat4x4 viaQuat;
   viaQuat.loadRotate(MQuat(axis, a));
   mat4x4 viaAxis;
@@ -204,11 +204,11 @@ TEST(Mat4x4CompoundTest, AxisAngleOverloadsGoThroughTheQuaternion) {
 TEST(Mat4x4CompoundTest, AxisAngleMatchesEigenWithTheAngleNegated) {
   Random rnd(42);
   for (int n = 0; n < 200; ++n) {
-    vec3d const axis = rnd.vector(-2, 2);
-    double const a = rnd.uniform(-4, 4);
+    const vec3d axis = rnd.vector(-2, 2);
+    const double a = rnd.uniform(-4, 4);
     mat4x4 m;
     m.loadRotate(axis, a);
-    Eigen::AngleAxisd const e(-a, toEigen(axis).normalized());
+    const Eigen::AngleAxisd e(-a, toEigen(axis).normalized());
     expectRotationNear(m, e.toRotationMatrix(), 1e-14);
   }
 }
@@ -221,10 +221,10 @@ mat4x4 someAffineMatrix() {
 }
 
 TEST(Mat4x4CompoundTest, RotateMultipliesOnTheRight) {
-  MQuat const q(0.2, -0.4, 0.1, 0.9);
+  const MQuat q(0.2, -0.4, 0.1, 0.9);
   mat4x4 r;
   r.loadRotate(q);
-  mat4x4 const m = someAffineMatrix();
+  const mat4x4 m = someAffineMatrix();
   mat4x4 expected;
   expected.mul(m, r);
 
@@ -234,11 +234,11 @@ TEST(Mat4x4CompoundTest, RotateMultipliesOnTheRight) {
 }
 
 TEST(Mat4x4CompoundTest, RotateByAxisAngleMultipliesOnTheRight) {
-  vec3d const axis(1, 2, -0.5);
-  double const angle = -0.7;
+  const vec3d axis(1, 2, -0.5);
+  const double angle = -0.7;
   mat4x4 r;
   r.loadRotate(MQuat(axis, angle));
-  mat4x4 const m = someAffineMatrix();
+  const mat4x4 m = someAffineMatrix();
   mat4x4 expected;
   expected.mul(m, r);
 
@@ -253,13 +253,13 @@ TEST(Mat4x4CompoundTest, RotateByAxisAngleMultipliesOnTheRight) {
 // ---------------------------------------------------------------- projection
 
 TEST(Mat4x4CompoundTest, LoadProjFollowsTheStatedSteps) {
-  double const fovy = 0.9, zNear = 0.5, zFar = 20.0, aspect = 1.5;
+  const double fovy = 0.9, zNear = 0.5, zFar = 20.0, aspect = 1.5;
   double h = std::tan(fovy * 0.5) * zNear;
-  double const e0 = (zNear + zNear) / h;
+  const double e0 = (zNear + zNear) / h;
   h = h / aspect;
-  double const e5 = (zNear + zNear) / h;
-  double const e10 = -((zNear + zFar) / (zFar - zNear));
-  double const e11 = zFar * (-2.0) * zNear / (zFar - zNear);
+  const double e5 = (zNear + zNear) / h;
+  const double e10 = -((zNear + zFar) / (zFar - zNear));
+  const double e11 = zFar * (-2.0) * zNear / (zFar - zNear);
 
   mat4x4 m = filledWith(7.0);
   m.loadProj(fovy, zNear, zFar, aspect);
@@ -269,7 +269,7 @@ TEST(Mat4x4CompoundTest, LoadProjFollowsTheStatedSteps) {
 TEST(Mat4x4CompoundTest, LoadProjHasFactorTwoAndTransposedPlacement) {
   mat4x4 m;
   m.loadProj(kPi / 2, 1.0, 3.0, 2.0);
-  double const* e = m;
+  const double* e = m;
   // A conventional perspective would give 0.5, 1, -1 at index 11 and -3 at 14.
   EXPECT_NEAR(e[0], 2.0, 1e-14);
   EXPECT_NEAR(e[5], 4.0, 1e-14);
@@ -282,7 +282,7 @@ TEST(Mat4x4CompoundTest, LoadProjHasFactorTwoAndTransposedPlacement) {
 TEST(Mat4x4CompoundTest, ProjMultipliesOnTheRight) {
   mat4x4 p;
   p.loadProj(1.1, 0.1, 100.0, 4.0 / 3.0);
-  mat4x4 const m = someAffineMatrix();
+  const mat4x4 m = someAffineMatrix();
   mat4x4 expected;
   expected.mul(m, p);
 
@@ -299,14 +299,14 @@ struct MirrorCase {
   double d0, d1, d2;
 };
 
-void PrintTo(MirrorCase const& c, std::ostream* os) {
+void PrintTo(const MirrorCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class Mat4x4MirrorTest : public testing::TestWithParam<MirrorCase> {};
 
 TEST_P(Mat4x4MirrorTest, GivesTheSignedGramDiagonal) {
-  MirrorCase const& c = GetParam();
+  const MirrorCase& c = GetParam();
   mat4x4 m = filledWith(7.0);
   m.loadMirror(vec3d(c.nx, c.ny, c.nz));
   expectMatrixNear(m, diagonal(c.d0, c.d1, c.d2, 1.0), 1e-14);
@@ -319,15 +319,15 @@ INSTANTIATE_TEST_SUITE_P(Normals, Mat4x4MirrorTest,
                                          MirrorCase{"OneTwoThree", 1, 2, 3, -14, 1, 14},
                                          // No reflection at all: the frame collapses.
                                          MirrorCase{"Zero", 0, 0, 0, 0, 0, 0}),
-                         [](testing::TestParamInfo<MirrorCase> const& info) {
+                         [](const testing::TestParamInfo<MirrorCase>& info) {
                            return info.param.name;
                          });
 
 TEST(Mat4x4CompoundTest, MirrorIgnoresTheDirectionOfTheNormal) {
   Random rnd(43);
   for (int n = 0; n < 100; ++n) {
-    vec3d const v = rnd.vector(-3, 3);
-    double const nn = v.dot(v);
+    const vec3d v = rnd.vector(-3, 3);
+    const double nn = v.dot(v);
     mat4x4 m;
     m.loadMirror(v);
     expectMatrixNear(m, diagonal(-nn, 1.0, nn, 1.0), 1e-13);
@@ -361,7 +361,7 @@ TEST(Mat4x4CompoundTest, AlignTakesTheFirstDirectionOntoTheSecond) {
     m.transform(moved);
     expectVecNear(moved, b.x(), b.y(), b.z(), 1e-12);
     // The smallest turn, about a x b.
-    Eigen::Matrix3d const e =
+    const Eigen::Matrix3d e =
         Eigen::Quaterniond::FromTwoVectors(toEigen(a), toEigen(b)).toRotationMatrix();
     expectRotationNear(m, e, 1e-12);
   }
@@ -387,7 +387,7 @@ TEST(Mat4x4CompoundTest, OrientAlongZIsTheIdentityWithAnOffset) {
 }
 
 TEST(Mat4x4CompoundTest, OrientPutsTheFrameInColumnsAndOffsetsInTheBottomRow) {
-  vec3d const e(1, 2, 3), c(0.5, -1, 2), up(0, 0, 1);
+  const vec3d e(1, 2, 3), c(0.5, -1, 2), up(0, 0, 1);
   vec3d f = e - c;
   f.normalize();
   vec3d s;
@@ -404,7 +404,7 @@ TEST(Mat4x4CompoundTest, OrientPutsTheFrameInColumnsAndOffsetsInTheBottomRow) {
                               f.x(), f.y(), f.z(), -f.dot(e),  //
                               0, 0, 0, 1}));
   // A viewing matrix would carry the offsets in the translation instead.
-  double const* v = m;
+  const double* v = m;
   EXPECT_NE(v[3], 0.0);
   EXPECT_NE(v[7], 0.0);
   EXPECT_NE(v[11], 0.0);
@@ -418,8 +418,8 @@ TEST(Mat4x4CompoundTest, OrientOfCoincidentPointsStillReturnsOne) {
 
 // ---------------------------------------------------------------- align of triples
 
-mat4x4 tripleAlignment(vec3d const& p0, vec3d const& p1, vec3d const& p2, vec3d const& q0,
-                       vec3d const& q1, vec3d const& q2) {
+mat4x4 tripleAlignment(const vec3d& p0, const vec3d& p1, const vec3d& p2, const vec3d& q0,
+                       const vec3d& q1, const vec3d& q2) {
   mat4x4 o1;
   o1.loadOrient(p0, p2, p1);
   o1.inv();
@@ -431,8 +431,8 @@ mat4x4 tripleAlignment(vec3d const& p0, vec3d const& p1, vec3d const& p2, vec3d 
 }
 
 TEST(Mat4x4CompoundTest, TripleAlignPassesDifferencesToOrient) {
-  vec3d const p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
-  vec3d const q0(-1, 0, 2), q1(0, 0.5, 2), q2(-2, 1, 3);
+  const vec3d p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
+  const vec3d q0(-1, 0, 2), q1(0, 0.5, 2), q2(-2, 1, 3);
   mat4x4 m = filledWith(7.0);
   EXPECT_EQ(m.loadAlign(p0, p1, p2, q0, q1, q2), 1);
   expectMatrix(m, tripleAlignment(p0, p1 - p0, p2 - p0, q0, q1 - q0, q2 - q0));
@@ -441,14 +441,14 @@ TEST(Mat4x4CompoundTest, TripleAlignPassesDifferencesToOrient) {
 }
 
 TEST(Mat4x4CompoundTest, TripleAlignOfEqualTriplesIsTheIdentity) {
-  vec3d const p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
+  const vec3d p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
   mat4x4 m;
   EXPECT_EQ(m.loadAlign(p0, p1, p2, p0, p1, p2), 1);
   expectMatrixNear(m, identityMatrix(), 1e-14);
 }
 
 TEST(Mat4x4CompoundTest, TripleAlignOfDegenerateTriplesStillReturnsOne) {
-  vec3d const z(0, 0, 0);
+  const vec3d z(0, 0, 0);
   mat4x4 m;
   EXPECT_EQ(m.loadAlign(z, z, z, z, z, z), 1);
 }
@@ -456,11 +456,11 @@ TEST(Mat4x4CompoundTest, TripleAlignOfDegenerateTriplesStillReturnsOne) {
 // ---------------------------------------------------------------- exchange form
 
 TEST(Mat4x4CompoundTest, GetXformWritesThirteenValues) {
-  mat4x4 const m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+  const mat4x4 m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
   double out[14];
   out[13] = -99.0;
   m.getXform(out);
-  double const expected[13] = {1, 2, 3, 5, 6, 7, 9, 10, 11, 13, 14, 15, 1.0};
+  const double expected[13] = {1, 2, 3, 5, 6, 7, 9, 10, 11, 13, 14, 15, 1.0};
   for (int i = 0; i < 13; ++i) {
     EXPECT_EQ(out[i], expected[i]) << "value " << i;
   }
@@ -468,7 +468,7 @@ TEST(Mat4x4CompoundTest, GetXformWritesThirteenValues) {
 }
 
 TEST(Mat4x4CompoundTest, XformRoundTripResetsTheBottomRow) {
-  mat4x4 const m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+  const mat4x4 m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
   double values[13];
   m.getXform(values);
   mat4x4 back = filledWith(7.0);

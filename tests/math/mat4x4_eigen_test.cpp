@@ -13,10 +13,10 @@
 namespace {
 
 using MapM = Eigen::Map<Eigen::Matrix4d>;
-using MapCM = Eigen::Map<Eigen::Matrix4d const>;
+using MapCM = Eigen::Map<const Eigen::Matrix4d>;
 
-MapCM view(mat4x4 const& m) {
-  return MapCM(static_cast<double const*>(m));
+MapCM view(const mat4x4& m) {
+  return MapCM(static_cast<const double*>(m));
 }
 
 mat4x4 randomMatrix(std::mt19937& rng, double lo = -1.0, double hi = 1.0) {
@@ -38,7 +38,7 @@ mat4x4 wellConditioned(std::mt19937& rng) {
   return m;
 }
 
-double maxAbsDiff(Eigen::Matrix4d const& a, Eigen::Matrix4d const& b) {
+double maxAbsDiff(const Eigen::Matrix4d& a, const Eigen::Matrix4d& b) {
   return (a - b).cwiseAbs().maxCoeff();
 }
 
@@ -47,9 +47,9 @@ constexpr int kCases = 1000;
 TEST(Mat4x4Eigen, ProductMatchesEigen) {
   std::mt19937 rng(101);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const a = randomMatrix(rng, -10.0, 10.0);
-    mat4x4 const b = randomMatrix(rng, -10.0, 10.0);
-    Eigen::Matrix4d const expected = view(a) * view(b);
+    const mat4x4 a = randomMatrix(rng, -10.0, 10.0);
+    const mat4x4 b = randomMatrix(rng, -10.0, 10.0);
+    const Eigen::Matrix4d expected = view(a) * view(b);
     ASSERT_LT(maxAbsDiff(view(a * b), expected), 1e-12) << "case " << n;
   }
 }
@@ -57,8 +57,8 @@ TEST(Mat4x4Eigen, ProductMatchesEigen) {
 TEST(Mat4x4Eigen, DetMatchesEigen) {
   std::mt19937 rng(202);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
-    double const expected = view(m).determinant();
+    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
+    const double expected = view(m).determinant();
     ASSERT_NEAR(m.det(), expected, 1e-12 * (1.0 + std::fabs(expected))) << "case " << n;
   }
 }
@@ -66,7 +66,7 @@ TEST(Mat4x4Eigen, DetMatchesEigen) {
 TEST(Mat4x4Eigen, TransposedDetIsTheSame) {
   std::mt19937 rng(203);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
+    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
     mat4x4 t = m;
     t.transpose();
     ASSERT_NEAR(t.det(), m.det(), 1e-12) << "case " << n;
@@ -76,11 +76,11 @@ TEST(Mat4x4Eigen, TransposedDetIsTheSame) {
 TEST(Mat4x4Eigen, AdjugateTimesMatrixIsDetTimesIdentity) {
   std::mt19937 rng(303);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = randomMatrix(rng, -3.0, 3.0);
+    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
     mat4x4 a = m;
     a.adjoint();
-    double const d = m.det();
-    Eigen::Matrix4d const expected = d * Eigen::Matrix4d::Identity();
+    const double d = m.det();
+    const Eigen::Matrix4d expected = d * Eigen::Matrix4d::Identity();
     ASSERT_LT(maxAbsDiff(view(a) * view(m), expected), 1e-10) << "case " << n;
     ASSERT_LT(maxAbsDiff(view(m) * view(a), expected), 1e-10) << "case " << n;
   }
@@ -89,10 +89,10 @@ TEST(Mat4x4Eigen, AdjugateTimesMatrixIsDetTimesIdentity) {
 TEST(Mat4x4Eigen, AdjugateOfWellConditionedIsDetTimesEigensInverse) {
   std::mt19937 rng(304);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = wellConditioned(rng);
+    const mat4x4 m = wellConditioned(rng);
     mat4x4 a = m;
     a.adjoint();
-    Eigen::Matrix4d const expected = m.det() * view(m).inverse();
+    const Eigen::Matrix4d expected = m.det() * view(m).inverse();
     ASSERT_LT(maxAbsDiff(view(a), expected), 1e-10 * expected.cwiseAbs().maxCoeff())
         << "case " << n;
   }
@@ -101,10 +101,10 @@ TEST(Mat4x4Eigen, AdjugateOfWellConditionedIsDetTimesEigensInverse) {
 TEST(Mat4x4Eigen, InverseMatchesEigen) {
   std::mt19937 rng(404);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = wellConditioned(rng);
+    const mat4x4 m = wellConditioned(rng);
     mat4x4 inv = m;
     ASSERT_TRUE(inv.inv()) << "case " << n;
-    Eigen::Matrix4d const expected = view(m).inverse();
+    const Eigen::Matrix4d expected = view(m).inverse();
     ASSERT_LT(maxAbsDiff(view(inv), expected), 1e-13) << "case " << n;
   }
 }
@@ -113,16 +113,16 @@ TEST(Mat4x4Eigen, InverseOfGeneralRandomMatricesMatchesEigen) {
   std::mt19937 rng(405);
   int inverted = 0;
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
-    Eigen::Matrix4d const em = view(m);
+    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
+    const Eigen::Matrix4d em = view(m);
     Eigen::JacobiSVD<Eigen::Matrix4d> svd(em);
-    double const cond = svd.singularValues()(0) / svd.singularValues()(3);
+    const double cond = svd.singularValues()(0) / svd.singularValues()(3);
     if (cond > 1e4) {
       continue;
     }
     mat4x4 inv = m;
     ASSERT_TRUE(inv.inv()) << "case " << n;
-    Eigen::Matrix4d const expected = em.inverse();
+    const Eigen::Matrix4d expected = em.inverse();
     ASSERT_LT(maxAbsDiff(view(inv), expected), 1e-15 * cond * expected.cwiseAbs().maxCoeff() * 16)
         << "case " << n;
     ++inverted;
@@ -133,7 +133,7 @@ TEST(Mat4x4Eigen, InverseOfGeneralRandomMatricesMatchesEigen) {
 TEST(Mat4x4Eigen, InverseTimesMatrixIsIdentity) {
   std::mt19937 rng(406);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = wellConditioned(rng);
+    const mat4x4 m = wellConditioned(rng);
     mat4x4 inv = m;
     ASSERT_TRUE(inv.inv());
     mat4x4 id;
@@ -152,8 +152,8 @@ TEST(Mat4x4Eigen, PointTransformMatchesEigen) {
     m[0][3] = m[1][3] = m[2][3] = 0.0;
     m[3][3] = 1.0;
     vec3d v(dist(rng), dist(rng), dist(rng));
-    Eigen::Vector4d const expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), 1.0);
-    vec3d const r = m * v;
+    const Eigen::Vector4d expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), 1.0);
+    const vec3d r = m * v;
     m.transform(v);
     for (int k = 0; k < 3; ++k) {
       ASSERT_NEAR(v[k], expected[k], 1e-12) << "case " << n;
@@ -166,10 +166,10 @@ TEST(Mat4x4Eigen, Vec4dTransformMatchesEigen) {
   std::mt19937 rng(506);
   std::uniform_real_distribution<double> dist(-10.0, 10.0);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
+    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
     vec4d v(dist(rng), dist(rng), dist(rng), dist(rng));
-    Eigen::Vector4d const expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), v.w());
-    vec4d const shortcut = m * v;
+    const Eigen::Vector4d expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), v.w());
+    const vec4d shortcut = m * v;
     m.transform(v);
     for (int k = 0; k < 4; ++k) {
       ASSERT_NEAR(v[k], expected[k], 1e-12) << "case " << n;
@@ -183,8 +183,8 @@ TEST(Mat4x4Eigen, AxisTransformsMatchEigensProducts) {
   std::mt19937 rng(607);
   std::uniform_real_distribution<double> angle(-3.0, 3.0);
   for (int n = 0; n < 200; ++n) {
-    mat4x4 const m = randomMatrix(rng, -2.0, 2.0);
-    double const a = angle(rng);
+    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
+    const double a = angle(rng);
     mat4x4 r;
     r.loadRotateX(a);
     mat4x4 x = m;

@@ -25,21 +25,21 @@ static_assert(offsetof(MQuat, x) == 0 && offsetof(MQuat, y) == 8 && offsetof(MQu
 
 constexpr double kPi = 3.141592653589793;
 
-void expectQuat(MQuat const& q, double x, double y, double z, double w) {
+void expectQuat(const MQuat& q, double x, double y, double z, double w) {
   EXPECT_EQ(q.x, x);
   EXPECT_EQ(q.y, y);
   EXPECT_EQ(q.z, z);
   EXPECT_EQ(q.w, w);
 }
 
-void expectQuatNear(MQuat const& q, double x, double y, double z, double w, double tol) {
+void expectQuatNear(const MQuat& q, double x, double y, double z, double w, double tol) {
   EXPECT_NEAR(q.x, x, tol);
   EXPECT_NEAR(q.y, y, tol);
   EXPECT_NEAR(q.z, z, tol);
   EXPECT_NEAR(q.w, w, tol);
 }
 
-Eigen::Quaterniond toEigen(MQuat const& q) {
+Eigen::Quaterniond toEigen(const MQuat& q) {
   return Eigen::Quaterniond(q.w, q.x, q.y, q.z);
 }
 
@@ -59,7 +59,7 @@ class RandomQuats {
   vec3d direction() {
     for (;;) {
       vec3d v(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-      double const l = v.length();
+      const double l = v.length();
       if (l > 0.1 && l <= 1.0) {
         return v * (1.0 / l);
       }
@@ -95,7 +95,7 @@ TEST(MQuatTest, FourValuesAreStoredInOrder) {
 }
 
 TEST(MQuatTest, CopyKeepsAllFourValues) {
-  MQuat const a(1, 2, 3, 4);
+  const MQuat a(1, 2, 3, 4);
   MQuat b = a;
   expectQuat(b, 1, 2, 3, 4);
   MQuat c;
@@ -104,20 +104,20 @@ TEST(MQuatTest, CopyKeepsAllFourValues) {
 }
 
 TEST(MQuatTest, AxisAngleNegatesTheHalfAngle) {
-  MQuat const q(vec3d(0, 0, 1), kPi / 2);
+  const MQuat q(vec3d(0, 0, 1), kPi / 2);
   // A conventional quaternion would have z = +sin(pi/4).
   expectQuat(q, 0, 0, std::sin(kPi / 2 * -0.5), std::cos(kPi / 2 * -0.5));
   EXPECT_LT(q.z, 0.0);
 }
 
 TEST(MQuatTest, AxisAngleDividesByTheAxisLength) {
-  MQuat const q(vec3d(0, 3, 4), 1.0);
-  double const k = std::sin(-0.5) / 5.0;
+  const MQuat q(vec3d(0, 3, 4), 1.0);
+  const double k = std::sin(-0.5) / 5.0;
   expectQuat(q, 0, 3 * k, 4 * k, std::cos(-0.5));
 }
 
 TEST(MQuatTest, HalfTurnAboutZHasATinyScalarPart) {
-  MQuat const q(vec3d(0, 0, 1), kPi);
+  const MQuat q(vec3d(0, 0, 1), kPi);
   expectQuat(q, 0, 0, -1, std::cos(-kPi / 2));
   EXPECT_GT(q.w, 0.0);
   EXPECT_LT(q.w, 1e-16);
@@ -133,10 +133,10 @@ TEST(MQuatTest, ShortAxisGivesTheIdentity) {
 TEST(MQuatTest, AxisAngleMatchesEigenWithTheAngleNegated) {
   RandomQuats rnd(11);
   for (int n = 0; n < 200; ++n) {
-    vec3d const axis = rnd.direction() * rnd.uniform(0.5, 3.0);
-    double const angle = rnd.uniform(-2 * kPi, 2 * kPi);
-    MQuat const q(axis, angle);
-    Eigen::Quaterniond const e(
+    const vec3d axis = rnd.direction() * rnd.uniform(0.5, 3.0);
+    const double angle = rnd.uniform(-2 * kPi, 2 * kPi);
+    const MQuat q(axis, angle);
+    const Eigen::Quaterniond e(
         Eigen::AngleAxisd(-angle, Eigen::Vector3d(axis.x(), axis.y(), axis.z()).normalized()));
     expectQuatNear(q, e.x(), e.y(), e.z(), e.w(), 1e-15);
   }
@@ -145,7 +145,7 @@ TEST(MQuatTest, AxisAngleMatchesEigenWithTheAngleNegated) {
 // ---------------------------------------------------------------- products
 
 TEST(MQuatTest, HamiltonProductOfUnitVectors) {
-  MQuat const i(1, 0, 0, 0), j(0, 1, 0, 0), k(0, 0, 1, 0);
+  const MQuat i(1, 0, 0, 0), j(0, 1, 0, 0), k(0, 0, 1, 0);
   expectQuat(i * j, 0, 0, 1, 0);
   expectQuat(j * i, 0, 0, -1, 0);
   expectQuat(j * k, 1, 0, 0, 0);
@@ -156,12 +156,12 @@ TEST(MQuatTest, HamiltonProductOfUnitVectors) {
 TEST(MQuatTest, HamiltonProductSumsInTheStatedOrder) {
   RandomQuats rnd(12);
   for (int n = 0; n < 2000; ++n) {
-    MQuat const a(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
-    MQuat const b(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
-    double const x = a.x * b.w + a.w * b.x + a.y * b.z - a.z * b.y;
-    double const y = a.w * b.y + a.y * b.w + a.z * b.x - a.x * b.z;
-    double const z = a.w * b.z + a.z * b.w + a.x * b.y - a.y * b.x;
-    double const w = a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z;
+    const MQuat a(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
+    const MQuat b(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
+    const double x = a.x * b.w + a.w * b.x + a.y * b.z - a.z * b.y;
+    const double y = a.w * b.y + a.y * b.w + a.z * b.x - a.x * b.z;
+    const double z = a.w * b.z + a.z * b.w + a.x * b.y - a.y * b.x;
+    const double w = a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z;
     expectQuat(a * b, x, y, z, w);
     MQuat m;
     m.mul(a, b);
@@ -175,24 +175,24 @@ TEST(MQuatTest, HamiltonProductSumsInTheStatedOrder) {
 TEST(MQuatTest, ProductMatchesEigen) {
   RandomQuats rnd(13);
   for (int n = 0; n < 200; ++n) {
-    MQuat const a = rnd.unit();
-    MQuat const b = rnd.unit();
-    Eigen::Quaterniond const e = toEigen(a) * toEigen(b);
+    const MQuat a = rnd.unit();
+    const MQuat b = rnd.unit();
+    const Eigen::Quaterniond e = toEigen(a) * toEigen(b);
     expectQuatNear(a * b, e.x(), e.y(), e.z(), e.w(), 1e-15);
   }
 }
 
 TEST(MQuatTest, ProductOfAxisAnglesComposesTheTurns) {
-  MQuat const a(vec3d(0, 0, 1), 0.3);
-  MQuat const b(vec3d(0, 0, 1), 0.4);
+  const MQuat a(vec3d(0, 0, 1), 0.3);
+  const MQuat b(vec3d(0, 0, 1), 0.4);
   EXPECT_TRUE((a * b).cmp(MQuat(vec3d(0, 0, 1), 0.7), 1e-15));
 }
 
 TEST(MQuatTest, MulAndTimesEqualsAllowAliasing) {
-  MQuat const a(1, 2, 3, 4);
-  MQuat const b(-2, 0.5, 1, 3);
-  MQuat const ab = a * b;
-  MQuat const aa = a * a;
+  const MQuat a(1, 2, 3, 4);
+  const MQuat b(-2, 0.5, 1, 3);
+  const MQuat ab = a * b;
+  const MQuat aa = a * a;
 
   MQuat q = a;
   q.mul(q, b);
@@ -211,7 +211,7 @@ TEST(MQuatTest, MulAndTimesEqualsAllowAliasing) {
 // ---------------------------------------------------------------- scalar operations
 
 TEST(MQuatTest, ScalarOperationsActOnAllFour) {
-  MQuat const q(1, -2, 3, -4);
+  const MQuat q(1, -2, 3, -4);
   expectQuat(q * 2.0, 2, -4, 6, -8);
   MQuat a = q;
   a *= 0.5;
@@ -237,8 +237,8 @@ TEST(MQuatTest, NegFlipsTheSignOfZero) {
 }
 
 TEST(MQuatTest, DotAndSquaredUseAllFourTerms) {
-  MQuat const a(1, 2, 3, 4);
-  MQuat const b(5, -6, 7, 0.5);
+  const MQuat a(1, 2, 3, 4);
+  const MQuat b(5, -6, 7, 0.5);
   EXPECT_EQ(a.dot(b), 5.0 - 12.0 + 21.0 + 2.0);
   EXPECT_EQ(a.squared(), 30.0);
 }
@@ -264,7 +264,7 @@ TEST(MQuatTest, InvertOfUnitQuaternionIsItsConjugate) {
   expectQuatNear(q, 0, 0, -0.6, 0.8, 1e-16);
   RandomQuats rnd(14);
   for (int n = 0; n < 50; ++n) {
-    MQuat const a = rnd.unit();
+    const MQuat a = rnd.unit();
     MQuat b = a;
     b.invert();
     EXPECT_TRUE((a * b).cmp(MQuat(), 1e-15));
@@ -334,7 +334,7 @@ TEST(MQuatTest, ExpUndoesLogForUnitQuaternions) {
   expectQuatNear(q, 0, 0, std::sin(0.3), std::cos(0.3), 1e-16);
   RandomQuats rnd(15);
   for (int n = 0; n < 100; ++n) {
-    MQuat const a = rnd.unit();
+    const MQuat a = rnd.unit();
     MQuat b = a;
     b.log();
     b.exp();
@@ -352,7 +352,7 @@ TEST(MQuatTest, EqualityIsAStrictToleranceTest) {
 }
 
 TEST(MQuatTest, CmpTestsEveryComponent) {
-  MQuat const a(1, 2, 3, 4);
+  const MQuat a(1, 2, 3, 4);
   EXPECT_TRUE(a.cmp(MQuat(1.05, 2.05, 2.95, 3.95), 0.1));
   EXPECT_FALSE(a.cmp(MQuat(1.2, 2, 3, 4), 0.1));
   EXPECT_FALSE(a.cmp(MQuat(1, 2.2, 3, 4), 0.1));
@@ -361,7 +361,7 @@ TEST(MQuatTest, CmpTestsEveryComponent) {
 }
 
 TEST(MQuatTest, NanNeverCompares) {
-  MQuat const a(0, 0, 0, std::nan(""));
+  const MQuat a(0, 0, 0, std::nan(""));
   EXPECT_FALSE(a == a);
   EXPECT_TRUE(a != a);
 }
@@ -387,18 +387,18 @@ struct HalfTurnCase {
   double x, y, z, w;
 };
 
-void PrintTo(HalfTurnCase const& c, std::ostream* os) {
+void PrintTo(const HalfTurnCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class MQuatHalfTurnTest : public testing::TestWithParam<HalfTurnCase> {};
 
 TEST_P(MQuatHalfTurnTest, PicksTheLargestDiagonalValue) {
-  HalfTurnCase const& c = GetParam();
+  const HalfTurnCase& c = GetParam();
   expectQuat(MQuat(diagonal(c.e0, c.e5, c.e10)), c.x, c.y, c.z, c.w);
 }
 
-double const kHalfRoot2 = 0.5 * std::sqrt(2.0);
+const double kHalfRoot2 = 0.5 * std::sqrt(2.0);
 
 INSTANTIATE_TEST_SUITE_P(
     Branches, MQuatHalfTurnTest,
@@ -409,25 +409,25 @@ INSTANTIATE_TEST_SUITE_P(
                     HalfTurnCase{"TieGoesToX", -1, -1, -1, kHalfRoot2, 0, 0, 0},
                     // A zero trace is not positive; y and z tie and y wins.
                     HalfTurnCase{"ZeroTraceTieGoesToY", -1, 0.5, 0.5, 0, kHalfRoot2, 0, 0}),
-    [](testing::TestParamInfo<HalfTurnCase> const& info) { return info.param.name; });
+    [](const testing::TestParamInfo<HalfTurnCase>& info) { return info.param.name; });
 
 TEST(MQuatTest, FromMatrixUsesTheStatedOffDiagonalPairs) {
   // Not a rotation: every off-diagonal value distinct, so each pairing shows.
   mat4x4 m;
   m.zero();
-  double const v[16] = {2, 0.1, 0.2, 0, 0.3, -1, 0.5, 0, 0.7, 1.1, -0.5, 0, 0, 0, 0, 1};
+  const double v[16] = {2, 0.1, 0.2, 0, 0.3, -1, 0.5, 0, 0.7, 1.1, -0.5, 0, 0, 0, 0, 1};
   for (int i = 0; i < 16; ++i) {
     static_cast<double*>(m)[i] = v[i];
   }
   // tr = 0.5 > 0
-  double const s = std::sqrt(0.5 + 1.0);
-  double const r = 0.5 / s;
+  const double s = std::sqrt(0.5 + 1.0);
+  const double r = 0.5 / s;
   expectQuat(MQuat(m), (0.5 - 1.1) * r, (0.7 - 0.2) * r, (0.1 - 0.3) * r, 0.5 * s);
 
   // tr = 2 - 3 - 0.5 < 0, largest diagonal value e0: i = 0, j = 1, k = 2.
   static_cast<double*>(m)[5] = -3;
-  double const s0 = std::sqrt(2 - (-0.5 + -3) + 1.0);
-  double const r0 = 0.5 / s0;
+  const double s0 = std::sqrt(2 - (-0.5 + -3) + 1.0);
+  const double r0 = 0.5 / s0;
   expectQuat(MQuat(m), 0.5 * s0, (0.3 + 0.1) * r0, (0.2 + 0.7) * r0, (0.5 - 1.1) * r0);
 }
 
@@ -438,14 +438,14 @@ struct RoundTripCase {
   int dominantAxis;  // -1 for any direction
 };
 
-void PrintTo(RoundTripCase const& c, std::ostream* os) {
+void PrintTo(const RoundTripCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class MQuatRoundTripTest : public testing::TestWithParam<RoundTripCase> {};
 
-int branchOf(mat4x4 const& m) {
-  double const* e = m;
+int branchOf(const mat4x4& m) {
+  const double* e = m;
   if (e[0] + e[5] + e[10] > 0.0) {
     return -1;
   }
@@ -457,7 +457,7 @@ int branchOf(mat4x4 const& m) {
 }
 
 TEST_P(MQuatRoundTripTest, MatrixToQuaternionToMatrix) {
-  RoundTripCase const& c = GetParam();
+  const RoundTripCase& c = GetParam();
   RandomQuats rnd(100 + static_cast<unsigned>(c.branch + 1));
   int tested = 0;
   for (int n = 0; n < 400; ++n) {
@@ -465,13 +465,13 @@ TEST_P(MQuatRoundTripTest, MatrixToQuaternionToMatrix) {
     if (c.dominantAxis >= 0) {
       axis[c.dominantAxis] = 3.0 * (axis[c.dominantAxis] < 0 ? -1.0 : 1.0);
     }
-    double const angle = rnd.uniform(c.angleLo, c.angleHi);
-    MQuat const q(axis, angle);
+    const double angle = rnd.uniform(c.angleLo, c.angleHi);
+    const MQuat q(axis, angle);
     mat4x4 m;
     m.loadRotate(q);
     ASSERT_EQ(branchOf(m), c.branch) << "sample " << n;
 
-    MQuat const back(m);
+    const MQuat back(m);
     EXPECT_NEAR(back.squared(), 1.0, 1e-14);
     EXPECT_TRUE(back.cmp(q, 1e-14) || back.cmp(q * -1.0, 1e-14)) << "sample " << n;
     mat4x4 again;
@@ -488,15 +488,15 @@ INSTANTIATE_TEST_SUITE_P(
                     RoundTripCase{"NearHalfTurnAboutX", 0, kPi - 0.3, kPi + 0.3, 0},
                     RoundTripCase{"NearHalfTurnAboutY", 1, kPi - 0.3, kPi + 0.3, 1},
                     RoundTripCase{"NearHalfTurnAboutZ", 2, kPi - 0.3, kPi + 0.3, 2}),
-    [](testing::TestParamInfo<RoundTripCase> const& info) { return info.param.name; });
+    [](const testing::TestParamInfo<RoundTripCase>& info) { return info.param.name; });
 
 // ---------------------------------------------------------------- slerp
 
 TEST(MQuatSlerpTest, EndpointsAreTheOperands) {
   RandomQuats rnd(21);
   for (int n = 0; n < 100; ++n) {
-    MQuat const a = rnd.unit();
-    MQuat const b = rnd.unit();
+    const MQuat a = rnd.unit();
+    const MQuat b = rnd.unit();
     MQuat r;
     r.slerp(a, b, 0.0);
     EXPECT_TRUE(r.cmp(a, 1e-14));
@@ -509,15 +509,15 @@ TEST(MQuatSlerpTest, MatchesEigenWhereTheArcsAgree) {
   RandomQuats rnd(22);
   int compared = 0;
   for (int n = 0; n < 300; ++n) {
-    MQuat const a = rnd.unit();
-    MQuat const b = rnd.unit();
+    const MQuat a = rnd.unit();
+    const MQuat b = rnd.unit();
     if (a.dot(b) < 0.0) {
       continue;
     }
     for (double t : {0.1, 0.25, 0.5, 0.75, 0.9}) {
       MQuat r;
       r.slerp(a, b, t);
-      Eigen::Quaterniond const e = toEigen(a).slerp(t, toEigen(b));
+      const Eigen::Quaterniond e = toEigen(a).slerp(t, toEigen(b));
       expectQuatNear(r, e.x(), e.y(), e.z(), e.w(), 1e-13);
     }
     ++compared;
@@ -532,24 +532,24 @@ TEST(MQuatSlerpTest, MidpointOfTwoTurnsAboutZ) {
 }
 
 TEST(MQuatSlerpTest, NegativeCosineTakesTheLongArc) {
-  MQuat const a;
-  MQuat const b(0, 0, -std::sin(0.3), -std::cos(0.3));  // the same turn as aboutZ(0.3)
-  double const theta = std::acos(a.dot(b));
+  const MQuat a;
+  const MQuat b(0, 0, -std::sin(0.3), -std::cos(0.3));  // the same turn as aboutZ(0.3)
+  const double theta = std::acos(a.dot(b));
   for (double t : {0.25, 0.5, 0.75}) {
     MQuat r;
     r.slerp(a, b, t);
-    double const k0 = std::sin((1 - t) * theta) / std::sin(theta);
-    double const k1 = std::sin(t * theta) / std::sin(theta);
+    const double k0 = std::sin((1 - t) * theta) / std::sin(theta);
+    const double k1 = std::sin(t * theta) / std::sin(theta);
     expectQuatNear(r, 0, 0, k1 * b.z, k0 + k1 * b.w, 1e-14);
     // The shorter arc would go through aboutZ(0.3 * t) instead.
-    Eigen::Quaterniond const e = toEigen(a).slerp(t, toEigen(b));
+    const Eigen::Quaterniond e = toEigen(a).slerp(t, toEigen(b));
     EXPECT_GT(std::fabs(r.z - e.z()) + std::fabs(r.w - e.w()), 0.1);
   }
 }
 
 TEST(MQuatSlerpTest, EqualOperandsUseLinearWeights) {
   // cs is exactly 1, so the angle and its sine are 0.
-  MQuat const a(0.5, -0.5, 0.5, 0.5);
+  const MQuat a(0.5, -0.5, 0.5, 0.5);
   for (double t : {0.0, 0.3, 0.5, 1.0, 1.7}) {
     MQuat r;
     r.slerp(a, a, t);
@@ -571,12 +571,12 @@ TEST(MQuatSlerpTest, OppositeQuaternionsTurnThroughAPerpendicular) {
   a.normalize();
   MQuat minusA = a;
   minusA.neg();
-  double const h = 1.5707963267948966;
+  const double h = 1.5707963267948966;
   for (double t : {0.0, 0.25, 0.5, 1.0}) {
     MQuat r;
     r.slerp(a, minusA, t);
-    double const k0 = std::sin((1 - t) * h);
-    double const k1 = std::sin(t * h);
+    const double k0 = std::sin((1 - t) * h);
+    const double k1 = std::sin(t * h);
     expectQuat(r, k0 * a.x + k1 * -a.y, k0 * a.y + k1 * a.x, k0 * a.z + k1 * -a.w,
                k0 * a.w + k1 * a.z);
   }
@@ -586,7 +586,7 @@ TEST(MQuatSlerpTest, OppositeQuaternionsTurnThroughAPerpendicular) {
 }
 
 TEST(MQuatSlerpTest, OppositeBranchIgnoresTheSecondOperand) {
-  MQuat const a(0, 0, 0, 1);
+  const MQuat a(0, 0, 0, 1);
   MQuat r1;
   r1.slerp(a, MQuat(0, 0, 0, -1), 0.5);
   MQuat r2;
@@ -596,8 +596,8 @@ TEST(MQuatSlerpTest, OppositeBranchIgnoresTheSecondOperand) {
 }
 
 TEST(MQuatSlerpTest, ResultMayAliasEitherOperand) {
-  MQuat const a = aboutZ(0.1);
-  MQuat const b(0.3, 0.1, 0.2, 0.9);
+  const MQuat a = aboutZ(0.1);
+  const MQuat b(0.3, 0.1, 0.2, 0.9);
   MQuat expected;
   expected.slerp(a, b, 0.3);
 
@@ -621,7 +621,7 @@ TEST(MQuatSlerpTest, ResultMayAliasEitherOperand) {
 // ---------------------------------------------------------------- squad and inner
 
 TEST(MQuatSquadTest, EndpointsAreTheOuterQuaternions) {
-  MQuat const p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
+  const MQuat p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
   MQuat r;
   r.squad(p, a, b, q, 0.0);
   EXPECT_TRUE(r == p);
@@ -638,10 +638,10 @@ TEST(MQuatSquadTest, BlendsOuterAndControlArcs) {
 }
 
 TEST(MQuatSquadTest, ResultMayAliasAnOperand) {
-  MQuat const p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
+  const MQuat p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
   MQuat expected;
   expected.squad(p, a, b, q, 0.4);
-  MQuat const operands[4] = {p, a, b, q};
+  const MQuat operands[4] = {p, a, b, q};
   for (int which = 0; which < 4; ++which) {
     MQuat v[4] = {operands[0], operands[1], operands[2], operands[3]};
     v[which].squad(v[0], v[1], v[2], v[3], 0.4);
@@ -650,7 +650,7 @@ TEST(MQuatSquadTest, ResultMayAliasAnOperand) {
 }
 
 TEST(MQuatInnerTest, EqualNeighboursGiveTheCurrentQuaternion) {
-  MQuat const q(0.1, 0.2, 0.3, 0.9);
+  const MQuat q(0.1, 0.2, 0.3, 0.9);
   MQuat r;
   r.inner(q, q, q);
   EXPECT_TRUE(r.cmp(q, 1e-15));
@@ -663,26 +663,26 @@ TEST(MQuatInnerTest, ControlPointOnOneCircle) {
   expectQuatNear(r, 0, 0, std::sin(0.475), std::cos(0.475), 1e-15);
 }
 
-Eigen::Quaterniond eigenLog(Eigen::Quaterniond const& q) {
-  double const v = q.vec().norm();
-  double const f = v < 1e-10 ? 0.0 : std::atan2(v, q.w()) / v;
+Eigen::Quaterniond eigenLog(const Eigen::Quaterniond& q) {
+  const double v = q.vec().norm();
+  const double f = v < 1e-10 ? 0.0 : std::atan2(v, q.w()) / v;
   return Eigen::Quaterniond(0.0, q.x() * f, q.y() * f, q.z() * f);
 }
 
-Eigen::Quaterniond eigenExp(Eigen::Vector3d const& v) {
-  double const n = v.norm();
-  double const f = n < 1e-10 ? 1.0 : std::sin(n) / n;
+Eigen::Quaterniond eigenExp(const Eigen::Vector3d& v) {
+  const double n = v.norm();
+  const double f = n < 1e-10 ? 1.0 : std::sin(n) / n;
   return Eigen::Quaterniond(std::cos(n), v.x() * f, v.y() * f, v.z() * f);
 }
 
 TEST(MQuatInnerTest, MatchesAnIndependentControlPointRule) {
   RandomQuats rnd(31);
   for (int n = 0; n < 100; ++n) {
-    MQuat const prev = rnd.unit(), cur = rnd.unit(), next = rnd.unit();
-    Eigen::Quaterniond const c = toEigen(cur);
-    Eigen::Vector3d const s = -0.25 * (eigenLog(c.conjugate() * toEigen(next)).vec() +
+    const MQuat prev = rnd.unit(), cur = rnd.unit(), next = rnd.unit();
+    const Eigen::Quaterniond c = toEigen(cur);
+    const Eigen::Vector3d s = -0.25 * (eigenLog(c.conjugate() * toEigen(next)).vec() +
                                        eigenLog(c.conjugate() * toEigen(prev)).vec());
-    Eigen::Quaterniond const e = c * eigenExp(s);
+    const Eigen::Quaterniond e = c * eigenExp(s);
     MQuat r;
     r.inner(prev, cur, next);
     expectQuatNear(r, e.x(), e.y(), e.z(), e.w(), 1e-13);
@@ -690,10 +690,10 @@ TEST(MQuatInnerTest, MatchesAnIndependentControlPointRule) {
 }
 
 TEST(MQuatInnerTest, ResultMayAliasAnOperand) {
-  MQuat const prev(0.1, 0.2, 0.3, 0.9), cur(-0.3, 0.1, 0.2, 0.9), next(0.2, -0.1, 0.4, 0.85);
+  const MQuat prev(0.1, 0.2, 0.3, 0.9), cur(-0.3, 0.1, 0.2, 0.9), next(0.2, -0.1, 0.4, 0.85);
   MQuat expected;
   expected.inner(prev, cur, next);
-  MQuat const operands[3] = {prev, cur, next};
+  const MQuat operands[3] = {prev, cur, next};
   for (int which = 0; which < 3; ++which) {
     MQuat v[3] = {operands[0], operands[1], operands[2]};
     v[which].inner(v[0], v[1], v[2]);

@@ -20,7 +20,7 @@ static_assert(offsetof(MRot, axis) == 0 && offsetof(MRot, angle) == 3 * sizeof(d
 
 constexpr double kPi = 3.141592653589793;
 
-void expectRot(MRot const& r, double x, double y, double z, double angle) {
+void expectRot(const MRot& r, double x, double y, double z, double angle) {
   EXPECT_EQ(r.axis.x(), x);
   EXPECT_EQ(r.axis.y(), y);
   EXPECT_EQ(r.axis.z(), z);
@@ -39,7 +39,7 @@ TEST(MRotTest, AxisAndAngleAreStored) {
 }
 
 TEST(MRotTest, CopyKeepsAllFourValues) {
-  MRot const a(vec3d(1, 2, 3), 4);
+  const MRot a(vec3d(1, 2, 3), 4);
   MRot b = a;
   expectRot(b, 1, 2, 3, 4);
   MRot c;
@@ -48,7 +48,7 @@ TEST(MRotTest, CopyKeepsAllFourValues) {
 }
 
 TEST(MRotTest, AxisAndAngleAreFourContiguousDoubles) {
-  MRot const r(vec3d(1, 2, 3), 4);
+  const MRot r(vec3d(1, 2, 3), 4);
   double d[4];
   std::memcpy(d, &r, sizeof d);
   EXPECT_EQ(d[0], 1.0);
@@ -58,9 +58,9 @@ TEST(MRotTest, AxisAndAngleAreFourContiguousDoubles) {
 }
 
 TEST(MRotTest, FromQuaternionDoublesTheNegatedHalfAngle) {
-  MQuat const q(0, 0, -std::sin(kPi / 6), std::cos(kPi / 6));
-  MRot const r(q);
-  double const t = std::acos(q.w);
+  const MQuat q(0, 0, -std::sin(kPi / 6), std::cos(kPi / 6));
+  const MRot r(q);
+  const double t = std::acos(q.w);
   expectRot(r, 0, 0, q.z / std::sin(t), t * (-2.0));
   // A conventional conversion would give +pi/3 about (0, 0, -1).
   EXPECT_NEAR(r.angle, -kPi / 3, 1e-15);
@@ -68,7 +68,7 @@ TEST(MRotTest, FromQuaternionDoublesTheNegatedHalfAngle) {
 }
 
 TEST(MRotTest, HalfTurnAboutZComesBackNegated) {
-  MRot const r(MQuat(vec3d(0, 0, 1), kPi));
+  const MRot r(MQuat(vec3d(0, 0, 1), kPi));
   EXPECT_EQ(r.axis.x(), 0.0);
   EXPECT_EQ(r.axis.y(), 0.0);
   EXPECT_EQ(r.axis.z(), -1.0);
@@ -76,8 +76,8 @@ TEST(MRotTest, HalfTurnAboutZComesBackNegated) {
 }
 
 TEST(MRotTest, RoundTripNegatesAxisAndAngle) {
-  MRot const r(vec3d(0.6, 0, 0.8), 0.5);
-  MRot const back(static_cast<MQuat>(r));
+  const MRot r(vec3d(0.6, 0, 0.8), 0.5);
+  const MRot back(static_cast<MQuat>(r));
   EXPECT_TRUE(back.cmp(MRot(vec3d(-0.6, 0, -0.8), -0.5), 1e-14));
   EXPECT_FALSE(back == r);
 
@@ -90,7 +90,7 @@ TEST(MRotTest, RoundTripNegatesAxisAndAngle) {
 }
 
 TEST(MRotTest, IdentityQuaternionLeavesTheAxisCleared) {
-  MRot const r{MQuat()};
+  const MRot r{MQuat()};
   // The default axis (1, 0, 0) is not used here.
   expectRot(r, 0, 0, 0, 0);
   EXPECT_TRUE(std::signbit(r.angle));
@@ -98,12 +98,12 @@ TEST(MRotTest, IdentityQuaternionLeavesTheAxisCleared) {
 
 TEST(MRotTest, TinySineLeavesTheAxisCleared) {
   // sin(acos(-1)) is about 1.2e-16, not zero, but below the 1e-10 threshold.
-  MRot const r{MQuat(0.5, 0, 0, -1)};
+  const MRot r{MQuat(0.5, 0, 0, -1)};
   expectRot(r, 0, 0, 0, std::acos(-1.0) * (-2.0));
 }
 
 TEST(MRotTest, ScalarPartBeyondOneIsNotClamped) {
-  MRot const r{MQuat(0, 0, 0, 1.0000001)};
+  const MRot r{MQuat(0, 0, 0, 1.0000001)};
   EXPECT_TRUE(std::isnan(r.angle));
   // sin of a NaN fails the axis test, so the axis stays cleared.
   EXPECT_EQ(r.axis.x(), 0.0);
@@ -112,9 +112,9 @@ TEST(MRotTest, ScalarPartBeyondOneIsNotClamped) {
 }
 
 TEST(MRotTest, ConvertsToTheAxisAngleQuaternion) {
-  MRot const r(vec3d(0, 3, 4), 1.0);
-  MQuat const q = r;
-  MQuat const expected(vec3d(0, 3, 4), 1.0);
+  const MRot r(vec3d(0, 3, 4), 1.0);
+  const MQuat q = r;
+  const MQuat expected(vec3d(0, 3, 4), 1.0);
   EXPECT_EQ(q.x, expected.x);
   EXPECT_EQ(q.y, expected.y);
   EXPECT_EQ(q.z, expected.z);
@@ -122,7 +122,7 @@ TEST(MRotTest, ConvertsToTheAxisAngleQuaternion) {
 }
 
 TEST(MRotTest, EqualityIsAStrictToleranceTest) {
-  MRot const a(vec3d(0, 0, 0), 0);
+  const MRot a(vec3d(0, 0, 0), 0);
   EXPECT_TRUE(a == MRot(vec3d(5e-11, 0, 0), 0));
   EXPECT_FALSE(a == MRot(vec3d(0, 0, 0), 1e-10));
   EXPECT_TRUE(a != MRot(vec3d(0, 1e-10, 0), 0));
@@ -130,7 +130,7 @@ TEST(MRotTest, EqualityIsAStrictToleranceTest) {
 }
 
 TEST(MRotTest, CmpTestsEveryComponent) {
-  MRot const a(vec3d(1, 2, 3), 4);
+  const MRot a(vec3d(1, 2, 3), 4);
   EXPECT_TRUE(a.cmp(MRot(vec3d(1.05, 1.95, 3.05), 3.95), 0.1));
   EXPECT_FALSE(a.cmp(MRot(vec3d(1.2, 2, 3), 4), 0.1));
   EXPECT_FALSE(a.cmp(MRot(vec3d(1, 2.2, 3), 4), 0.1));
@@ -139,7 +139,7 @@ TEST(MRotTest, CmpTestsEveryComponent) {
 }
 
 TEST(MRotTest, NanNeverCompares) {
-  MRot const a(vec3d(0, 0, 1), std::nan(""));
+  const MRot a(vec3d(0, 0, 1), std::nan(""));
   EXPECT_FALSE(a == a);
   EXPECT_TRUE(a != a);
 }

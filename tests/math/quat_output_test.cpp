@@ -11,7 +11,7 @@
 namespace {
 
 template <typename T>
-std::string text(T const& value) {
+std::string text(const T& value) {
   std::ostringstream os;
   os << value;
   return os.str();

@@ -12,7 +12,7 @@
 
 namespace reference {
 
-inline void product(double* r, double const* a, double const* b) {
+inline void product(double* r, const double* a, const double* b) {
   for (int c = 0; c < 4; ++c) {
     for (int row = 0; row < 4; ++row) {
       double s = 0.0;
@@ -27,20 +27,20 @@ inline void product(double* r, double const* a, double const* b) {
 
 inline double det3(double a, double b, double c, double d, double e, double f, double g, double h,
                    double i) {
-  double const t0 = e * i - f * h;
-  double const t1 = b * i - c * h;
-  double const t2 = b * f - c * e;
+  const double t0 = e * i - f * h;
+  const double t1 = b * i - c * h;
+  const double t2 = b * f - c * e;
   double s = t0 * a;
   s = s - t1 * d;
   s = s + t2 * g;
   return s;
 }
 
-inline double det(double const* e) {
-  double const d0 = det3(e[5], e[6], e[7], e[9], e[10], e[11], e[13], e[14], e[15]);
-  double const d1 = det3(e[1], e[2], e[3], e[9], e[10], e[11], e[13], e[14], e[15]);
-  double const d2 = det3(e[1], e[2], e[3], e[5], e[6], e[7], e[13], e[14], e[15]);
-  double const d3 = det3(e[1], e[2], e[3], e[5], e[6], e[7], e[9], e[10], e[11]);
+inline double det(const double* e) {
+  const double d0 = det3(e[5], e[6], e[7], e[9], e[10], e[11], e[13], e[14], e[15]);
+  const double d1 = det3(e[1], e[2], e[3], e[9], e[10], e[11], e[13], e[14], e[15]);
+  const double d2 = det3(e[1], e[2], e[3], e[5], e[6], e[7], e[13], e[14], e[15]);
+  const double d3 = det3(e[1], e[2], e[3], e[5], e[6], e[7], e[9], e[10], e[11]);
   double s = e[0] * d0;
   s = s - e[4] * d1;
   s = s + e[8] * d2;
@@ -74,14 +74,14 @@ inline bool inv(double* e, int steps = 4) {
     }
     if (P[k] != k) {
       for (int c = 0; c < 4; ++c) {
-        double const old = a(k, c);
+        const double old = a(k, c);
         a(k, c) = a(P[k], c);
         a(P[k], c) = -old;
       }
     }
     if (Q[k] != k) {
       for (int r = 0; r < 4; ++r) {
-        double const old = a(r, k);
+        const double old = a(r, k);
         a(r, k) = a(r, Q[k]);
         a(r, Q[k]) = -old;
       }
@@ -111,14 +111,14 @@ inline bool inv(double* e, int steps = 4) {
   for (int k = 2; k >= 0; --k) {
     if (Q[k] != k) {
       for (int c = 0; c < 4; ++c) {
-        double const old = a(k, c);
+        const double old = a(k, c);
         a(k, c) = -a(Q[k], c);
         a(Q[k], c) = old;
       }
     }
     if (P[k] != k) {
       for (int r = 0; r < 4; ++r) {
-        double const old = a(r, k);
+        const double old = a(r, k);
         a(r, k) = -a(r, P[k]);
         a(r, P[k]) = old;
       }
@@ -135,7 +135,7 @@ inline std::uint64_t bits(double v) {
 
 // True when both arrays hold the same bit patterns (NaN payloads and
 // signed zeros included).
-inline bool sameBits(double const* a, double const* b, int n) {
+inline bool sameBits(const double* a, const double* b, int n) {
   for (int i = 0; i < n; ++i) {
     if (bits(a[i]) != bits(b[i])) {
       return false;

@@ -15,7 +15,7 @@ namespace {
 
 using reference::bits;
 
-void expectBits(vec3d const& v, double x, double y, double z) {
+void expectBits(const vec3d& v, double x, double y, double z) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
   EXPECT_EQ(bits(v.y()), bits(y)) << "y: " << v.y() << " vs " << y;
   EXPECT_EQ(bits(v.z()), bits(z)) << "z: " << v.z() << " vs " << z;
@@ -38,8 +38,8 @@ TEST(Vec3d, DefaultIsZero) {
 TEST(Vec3d, ZeroClearsToAllBitsZero) {
   vec3d v(-0.0, 5.0, -7.0);
   v.zero();
-  double const zeros[3] = {0.0, 0.0, 0.0};
-  EXPECT_EQ(std::memcmp(static_cast<double const*>(v), zeros, sizeof zeros), 0);
+  const double zeros[3] = {0.0, 0.0, 0.0};
+  EXPECT_EQ(std::memcmp(static_cast<const double*>(v), zeros, sizeof zeros), 0);
 }
 
 TEST(Vec3d, SetCopyAndAccessors) {
@@ -51,7 +51,7 @@ TEST(Vec3d, SetCopyAndAccessors) {
   w.x() = 4.0;
   w[1] = 5.0;
   w.get(2) = 6.0;
-  vec3d const& c = w;
+  const vec3d& c = w;
   EXPECT_EQ(c.x(), 4.0);
   EXPECT_EQ(c[1], 5.0);
   EXPECT_EQ(c.get(2), 6.0);
@@ -64,15 +64,15 @@ TEST(Vec3d, PointerConversionExposesTheThreeComponents) {
   double* p = v;
   p[2] = 9.0;
   EXPECT_EQ(v.z(), 9.0);
-  vec3d const& c = v;
-  double const* q = c;
+  const vec3d& c = v;
+  const double* q = c;
   EXPECT_EQ(q, &v.x());
   EXPECT_EQ(q[1], 2.0);
 }
 
 TEST(Vec3d, ArithmeticOperators) {
-  vec3d const a(1.0, 2.0, 3.0);
-  vec3d const b(0.5, -1.0, 4.0);
+  const vec3d a(1.0, 2.0, 3.0);
+  const vec3d b(0.5, -1.0, 4.0);
   expectBits(a + b, 1.5, 1.0, 7.0);
   expectBits(+a, 1.0, 2.0, 3.0);
   expectBits(a - b, 0.5, 3.0, -1.0);
@@ -121,15 +121,15 @@ TEST(Vec3d, NamedArithmetic) {
 }
 
 TEST(Vec3d, DotSquaredAndLength) {
-  vec3d const v(3.0, 0.0, 4.0);
+  const vec3d v(3.0, 0.0, 4.0);
   EXPECT_EQ(v.dot(vec3d(1.0, 2.0, 3.0)), 15.0);
   EXPECT_EQ(v.squared(), 25.0);
   EXPECT_EQ(v.length(), 5.0);
 }
 
 TEST(Vec3d, DotSumsLeftToRight) {
-  vec3d const a(1e16, 1.0, -1e16);
-  vec3d const b(1.0, 1.0, 1.0);
+  const vec3d a(1e16, 1.0, -1e16);
+  const vec3d b(1.0, 1.0, 1.0);
   // (1e16 + 1) - 1e16 loses the 1; any other grouping keeps it.
   EXPECT_EQ(a.dot(b), 0.0);
   EXPECT_EQ(a * b, 0.0);
@@ -156,9 +156,9 @@ TEST(Vec3d, CrossMayAliasItsOperands) {
 }
 
 TEST(Vec3d, LerpIsDifferenceTimesTPlusStart) {
-  vec3d const a(0.1, 0.2, 0.3);
-  vec3d const b(0.7, 1.9, -0.4);
-  double const t = 0.3;
+  const vec3d a(0.1, 0.2, 0.3);
+  const vec3d b(0.7, 1.9, -0.4);
+  const double t = 0.3;
   // Guard: the blended form rounds differently for these values.
   ASSERT_NE((b.x() - a.x()) * t + a.x(), a.x() * (1.0 - t) + b.x() * t);
   vec3d v;
@@ -176,7 +176,7 @@ TEST(Vec3d, MinAndMaxAreComponentWise) {
 }
 
 TEST(Vec3d, MinAndMaxKeepANaNComponent) {
-  double const nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   // fmin/fmax would drop the NaN.
   vec3d v(nan, 1.0, 1.0);
   v.min(vec3d(0.0, 0.0, 0.0));
@@ -187,7 +187,7 @@ TEST(Vec3d, MinAndMaxKeepANaNComponent) {
 }
 
 TEST(Vec3d, MinAndMaxIgnoreANaNArgument) {
-  double const nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   vec3d v(1.0, 1.0, 1.0);
   v.min(vec3d(nan, 0.0, 2.0));
   expectBits(v, 1.0, 0.0, 1.0);
@@ -210,7 +210,7 @@ TEST(Vec3d, CmpUsesItsTolerance) {
 }
 
 TEST(Vec3d, CmpFailsOnNaN) {
-  double const nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_FALSE(vec3d(nan, 0.0, 0.0).cmp(vec3d(nan, 0.0, 0.0), 1.0));
   EXPECT_FALSE(vec3d(0.0, 0.0, nan) == vec3d(0.0, 0.0, 0.0));
 }
@@ -223,14 +223,14 @@ TEST(Vec3d, NormalizeMakesUnitLength) {
 }
 
 TEST(Vec3d, NormalizeMultipliesByTheReciprocal) {
-  double const l = 3.0;
-  double const x = reciprocalDiffers(l);
+  const double l = 3.0;
+  const double x = reciprocalDiffers(l);
   ASSERT_FALSE(std::isnan(x));
   vec3d v(0.0, 0.0, l);
   v.normalize();
   EXPECT_EQ(v.z(), 1.0);
   vec3d w(x, 0.0, 0.0);
-  double const len = w.length();
+  const double len = w.length();
   w.normalize();
   EXPECT_EQ(bits(w.x()), bits(x * (1.0 / len)));
 }
@@ -260,7 +260,7 @@ TEST(Vec3d, RationalizeDividesByZ) {
 }
 
 TEST(Vec3d, RationalizeMultipliesByTheReciprocal) {
-  double const x = reciprocalDiffers(3.0);
+  const double x = reciprocalDiffers(3.0);
   ASSERT_FALSE(std::isnan(x));
   vec3d v(x, 1.0, 3.0);
   v.rationalize();
@@ -292,47 +292,47 @@ TEST(Vec3d, CartesianizeTestsZ) {
 
 TEST(Vec3d, ConstructionFromVec4dDividesByW) {
   expectBits(vec3d(vec4d(2.0, 4.0, 6.0, 2.0)), 1.0, 2.0, 3.0);
-  double const x = reciprocalDiffers(3.0);
+  const double x = reciprocalDiffers(3.0);
   ASSERT_FALSE(std::isnan(x));
   expectBits(vec3d(vec4d(x, 0.0, 0.0, 3.0)), x * (1.0 / 3.0), 0.0, 0.0);
 }
 
 TEST(Vec3d, ConstructionFromVec4dDividesEvenByAZeroW) {
-  double const inf = std::numeric_limits<double>::infinity();
-  vec3d const v(vec4d(2.0, 4.0, -6.0, 0.0));
+  const double inf = std::numeric_limits<double>::infinity();
+  const vec3d v(vec4d(2.0, 4.0, -6.0, 0.0));
   expectBits(v, inf, inf, -inf);
-  vec3d const n(vec4d(0.0, 1.0, 1.0, 0.0));
+  const vec3d n(vec4d(0.0, 1.0, 1.0, 0.0));
   EXPECT_TRUE(std::isnan(n.x()));
 }
 
 TEST(Vec3d, ConstructionFromVec4dDoesNotClearATinyW) {
-  vec3d const v(vec4d(1.0, 2.0, 4.0, 5e-11));
-  double const r = 1.0 / 5e-11;
+  const vec3d v(vec4d(1.0, 2.0, 4.0, 5e-11));
+  const double r = 1.0 / 5e-11;
   expectBits(v, 1.0 * r, 2.0 * r, 4.0 * r);
 }
 
 struct PerpCase {
-  char const* name;
+  const char* name;
   vec3d in;
   vec3d out;
 };
 
-void PrintTo(PerpCase const& c, std::ostream* os) {
+void PrintTo(const PerpCase& c, std::ostream* os) {
   *os << c.name;
 }
 
 class Vec3dPerp : public ::testing::TestWithParam<PerpCase> {};
 
 TEST_P(Vec3dPerp, GivesTheExpectedPerpendicular) {
-  PerpCase const& c = GetParam();
+  const PerpCase& c = GetParam();
   vec3d v;
   v.perp(c.in);
   expectBits(v, c.out.x(), c.out.y(), c.out.z());
   EXPECT_NEAR(v.dot(c.in), 0.0, 1e-15);
 }
 
-double const kHalfRoot2 = 1.0 / std::sqrt(2.0);
-double const kRoot5 = std::sqrt(5.0);
+const double kHalfRoot2 = 1.0 / std::sqrt(2.0);
+const double kRoot5 = std::sqrt(5.0);
 
 INSTANTIATE_TEST_SUITE_P(
     Vec3d, Vec3dPerp,
@@ -353,7 +353,7 @@ INSTANTIATE_TEST_SUITE_P(
                  vec3d(3 * (1 / std::sqrt(18.0)), 3 * (1 / std::sqrt(18.0)), 0)},
         // Negative components count by magnitude.
         PerpCase{"NegativeSmallestY", vec3d(-4, -0.5, 3), vec3d(3 * (1 / 5.0), 0, 4 * (1 / 5.0))}),
-    [](::testing::TestParamInfo<PerpCase> const& info) { return std::string(info.param.name); });
+    [](const ::testing::TestParamInfo<PerpCase>& info) { return std::string(info.param.name); });
 
 TEST(Vec3d, PerpMayTakeItself) {
   vec3d v(0.0, 0.0, 2.0);
@@ -363,11 +363,11 @@ TEST(Vec3d, PerpMayTakeItself) {
 
 TEST(Vec3d, PerpNormalisesAUnitInputWhoseZeroedComponentIsNonZero) {
   // Unit length alone does not skip the normalisation: v[k] must be 0 too.
-  vec3d const in(0.36, 0.48, 0.8);
+  const vec3d in(0.36, 0.48, 0.8);
   ASSERT_EQ(in.length(), 1.0);
   vec3d v;
   v.perp(in);
-  double const r = 1.0 / vec3d(0.0, 0.8, -0.48).length();
+  const double r = 1.0 / vec3d(0.0, 0.8, -0.48).length();
   expectBits(v, 0.0, 0.8 * r, -0.48 * r);
 }
 
@@ -394,10 +394,10 @@ TEST(Vec3d, NormalOfCollinearPointsIsZero) {
 }
 
 TEST(Vec3d, CubicHitsItsEndPoints) {
-  vec3d const p0(1.0, 2.0, 3.0);
-  vec3d const m0(10.0, -20.0, 30.0);
-  vec3d const m1(-7.0, 8.0, 9.0);
-  vec3d const p1(-1.0, 0.5, 4.0);
+  const vec3d p0(1.0, 2.0, 3.0);
+  const vec3d m0(10.0, -20.0, 30.0);
+  const vec3d m1(-7.0, 8.0, 9.0);
+  const vec3d p1(-1.0, 0.5, 4.0);
   vec3d v;
   v.cubic(p0, m0, m1, p1, 0.0);
   expectBits(v, 1.0, 2.0, 3.0);
@@ -406,10 +406,10 @@ TEST(Vec3d, CubicHitsItsEndPoints) {
 }
 
 TEST(Vec3d, CubicTakesStartTangentSecondAndEndTangentThird) {
-  vec3d const p0(0.0, 0.0, 0.0);
-  vec3d const m0(8.0, 0.0, 0.0);
-  vec3d const m1(0.0, 8.0, 0.0);
-  vec3d const p1(0.0, 0.0, 0.0);
+  const vec3d p0(0.0, 0.0, 0.0);
+  const vec3d m0(8.0, 0.0, 0.0);
+  const vec3d m1(0.0, 8.0, 0.0);
+  const vec3d p1(0.0, 0.0, 0.0);
   vec3d v;
   // At t = 0.5: h10 = 0.125, h11 = -0.125.
   v.cubic(p0, m0, m1, p1, 0.5);
@@ -417,17 +417,17 @@ TEST(Vec3d, CubicTakesStartTangentSecondAndEndTangentThird) {
 }
 
 TEST(Vec3d, CubicSumsTheHermiteTermsInOrder) {
-  vec3d const p0(0.3, -1.7, 2.9);
-  vec3d const m0(0.11, 5.3, -0.7);
-  vec3d const m1(-2.2, 0.01, 1.3);
-  vec3d const p1(1.9, 0.4, -3.3);
-  double const t = 0.37;
-  double const t2 = t * t;
-  double const t3 = t2 * t;
-  double const h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
-  double const h01 = 3.0 * t2 - 2.0 * t3;
-  double const h10 = t3 - 2.0 * t2 + t;
-  double const h11 = t3 - t2;
+  const vec3d p0(0.3, -1.7, 2.9);
+  const vec3d m0(0.11, 5.3, -0.7);
+  const vec3d m1(-2.2, 0.01, 1.3);
+  const vec3d p1(1.9, 0.4, -3.3);
+  const double t = 0.37;
+  const double t2 = t * t;
+  const double t3 = t2 * t;
+  const double h00 = 2.0 * t3 - 3.0 * t2 + 1.0;
+  const double h01 = 3.0 * t2 - 2.0 * t3;
+  const double h10 = t3 - 2.0 * t2 + t;
+  const double h11 = t3 - t2;
   vec3d v;
   v.cubic(p0, m0, m1, p1, t);
   for (int i = 0; i < 3; ++i) {

@@ -12,14 +12,14 @@ namespace {
 
 using reference::bits;
 
-void expectBits(vec4d const& v, double x, double y, double z, double w) {
+void expectBits(const vec4d& v, double x, double y, double z, double w) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
   EXPECT_EQ(bits(v.y()), bits(y)) << "y: " << v.y() << " vs " << y;
   EXPECT_EQ(bits(v.z()), bits(z)) << "z: " << v.z() << " vs " << z;
   EXPECT_EQ(bits(v.w()), bits(w)) << "w: " << v.w() << " vs " << w;
 }
 
-void expectBits(vec3d const& v, double x, double y, double z) {
+void expectBits(const vec3d& v, double x, double y, double z) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
   EXPECT_EQ(bits(v.y()), bits(y)) << "y: " << v.y() << " vs " << y;
   EXPECT_EQ(bits(v.z()), bits(z)) << "z: " << v.z() << " vs " << z;
@@ -42,18 +42,18 @@ TEST(Vec4d, SetZeroCopyAndAccessors) {
   c.w() = 7.0;
   c[2] = 6.0;
   c.get(1) = 5.0;
-  vec4d const& k = c;
+  const vec4d& k = c;
   EXPECT_EQ(k.w(), 7.0);
   EXPECT_EQ(k[2], 6.0);
   EXPECT_EQ(k.get(1), 5.0);
-  EXPECT_EQ(static_cast<double const*>(k)[3], 7.0);
+  EXPECT_EQ(static_cast<const double*>(k)[3], 7.0);
   c.zero();
   expectBits(c, 0.0, 0.0, 0.0, 0.0);
 }
 
 TEST(Vec4d, ArithmeticCoversAllFourComponents) {
-  vec4d const a(1.0, 2.0, 3.0, 4.0);
-  vec4d const b(0.5, -1.0, 4.0, 2.0);
+  const vec4d a(1.0, 2.0, 3.0, 4.0);
+  const vec4d b(0.5, -1.0, 4.0, 2.0);
   expectBits(a + b, 1.5, 1.0, 7.0, 6.0);
   expectBits(+a, 1.0, 2.0, 3.0, 4.0);
   expectBits(a * 0.5, 0.5, 1.0, 1.5, 2.0);
@@ -73,8 +73,8 @@ TEST(Vec4d, ArithmeticCoversAllFourComponents) {
 
 TEST(Vec4d, SubtractionSubtracts) {
   // Unlike mat4x4, where sub() and binary minus add.
-  vec4d const a(1.0, 2.0, 3.0, 4.0);
-  vec4d const b(0.5, -1.0, 4.0, 2.0);
+  const vec4d a(1.0, 2.0, 3.0, 4.0);
+  const vec4d b(0.5, -1.0, 4.0, 2.0);
   expectBits(a - b, 0.5, 3.0, -1.0, 2.0);
   vec4d c;
   c.sub(a, b);
@@ -94,7 +94,7 @@ TEST(Vec4d, UnaryMinusAndNegFlipAllFourSignBits) {
 }
 
 TEST(Vec4d, LengthCountsW) {
-  vec4d const v(0.0, 0.0, 3.0, 4.0);
+  const vec4d v(0.0, 0.0, 3.0, 4.0);
   EXPECT_EQ(v.squared(), 25.0);
   EXPECT_EQ(v.length(), 5.0);
 }
@@ -128,7 +128,7 @@ TEST(Vec4d, RationalizeDividesByW) {
   expectBits(v, 1.0, 2.0, 3.0, 1.0);
   vec4d t(1.0, 2.0, 5.0, 3.0);
   EXPECT_EQ(t.rationalize(), 1.0);
-  double const r = 1.0 / 3.0;
+  const double r = 1.0 / 3.0;
   expectBits(t, 1.0 * r, 2.0 * r, 5.0 * r, 1.0);
 }
 
@@ -151,23 +151,23 @@ TEST(Vec4d, CartesianizeIsRationalize) {
 }
 
 TEST(Vec4d, ConversionToVec3dIsGuarded) {
-  vec4d const v(2.0, 4.0, 6.0, 0.0);
+  const vec4d v(2.0, 4.0, 6.0, 0.0);
   expectBits(v.operator vec3d(), 0.0, 0.0, 0.0);
   // The vec3d constructor divides regardless.
-  double const inf = std::numeric_limits<double>::infinity();
+  const double inf = std::numeric_limits<double>::infinity();
   expectBits(vec3d(v), inf, inf, inf);
 }
 
 TEST(Vec4d, ConversionToVec3dDividesByW) {
-  vec4d const v(2.0, 4.0, 5.0, 3.0);
-  double const r = 1.0 / 3.0;
+  const vec4d v(2.0, 4.0, 5.0, 3.0);
+  const double r = 1.0 / 3.0;
   expectBits(v.operator vec3d(), 2.0 * r, 4.0 * r, 5.0 * r);
-  vec4d const tiny(2.0, 4.0, 5.0, 5e-11);
+  const vec4d tiny(2.0, 4.0, 5.0, 5e-11);
   expectBits(tiny.operator vec3d(), 0.0, 0.0, 0.0);
 }
 
 TEST(Vec4d, EqualityIsAStrictToleranceOnAllFour) {
-  vec4d const a(0.0, 0.0, 0.0, 0.0);
+  const vec4d a(0.0, 0.0, 0.0, 0.0);
   EXPECT_TRUE(a == vec4d(0.0, 0.0, 0.0, 5e-11));
   EXPECT_FALSE(a != vec4d(0.0, 0.0, 0.0, 5e-11));
   EXPECT_FALSE(a == vec4d(0.0, 0.0, 0.0, 1e-10));
@@ -177,15 +177,15 @@ TEST(Vec4d, EqualityIsAStrictToleranceOnAllFour) {
 }
 
 TEST(Vec4d, CmpFailsOnNaN) {
-  double const nan = std::numeric_limits<double>::quiet_NaN();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_FALSE(vec4d(0.0, 0.0, 0.0, nan).cmp(vec4d(0.0, 0.0, 0.0, nan), 1.0));
   EXPECT_TRUE(vec4d(0.0, 0.0, 0.0, nan) != vec4d(0.0, 0.0, 0.0, 0.0));
 }
 
 TEST(Vec4d, LerpOverFourComponents) {
-  vec4d const a(0.1, 0.2, 0.3, 0.4);
-  vec4d const b(0.7, 1.9, -0.4, 2.5);
-  double const t = 0.3;
+  const vec4d a(0.1, 0.2, 0.3, 0.4);
+  const vec4d b(0.7, 1.9, -0.4, 2.5);
+  const double t = 0.3;
   vec4d v;
   v.lerp(a, b, t);
   for (int i = 0; i < 4; ++i) {
@@ -208,10 +208,10 @@ TEST(Vec4d, MinAndMaxOverFourComponents) {
 }
 
 TEST(Vec4d, CubicAppliesTheHermiteRuleToW) {
-  vec4d const p0(1.0, 0.0, 0.0, 2.0);
-  vec4d const m0(0.0, 0.0, 0.0, 8.0);
-  vec4d const m1(0.0, 0.0, 0.0, 16.0);
-  vec4d const p1(0.0, 0.0, 0.0, 4.0);
+  const vec4d p0(1.0, 0.0, 0.0, 2.0);
+  const vec4d m0(0.0, 0.0, 0.0, 8.0);
+  const vec4d m1(0.0, 0.0, 0.0, 16.0);
+  const vec4d p1(0.0, 0.0, 0.0, 4.0);
   vec4d v;
   v.cubic(p0, m0, m1, p1, 0.0);
   expectBits(v, 1.0, 0.0, 0.0, 2.0);

@@ -1,0 +1,196 @@
+// Where a routine has a two-lane SSE2 version beside its plain one, both are
+// always compiled, and they must give the same values on every input: the
+// values the other tests use, seeded random ones, special values, and the
+// math fuzz corpus read as raw doubles.
+
+#include <lumagrid/MQuat.h>
+#include <lumagrid/mat4x4.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "math/mat4x4_product.h"
+#include "math/mat4x4_transform.h"
+#include "math/quat_product.h"
+#include "reference_math.h"
+
+namespace {
+
+std::vector<double> specialValues() {
+  using limits = std::numeric_limits<double>;
+  return {0.0,
+          -0.0,
+          1.0,
+          -1.0,
+          0.5,
+          3.0,
+          1e-300,
+          -1e300,
+          limits::infinity(),
+          -limits::infinity(),
+          limits::quiet_NaN(),
+          -limits::quiet_NaN(),
+          limits::denorm_min(),
+          -limits::denorm_min(),
+          limits::min() / 4.0,
+          limits::max(),
+          limits::epsilon(),
+          -2.5};
+}
+
+// Every input pool: seeded uniform values, small integers (equal magnitudes
+// and exact sums), specials mixed with ordinary values, random bit patterns,
+// and the bytes of the math fuzz corpus.
+std::vector<double> inputPool() {
+  std::vector<double> pool;
+  std::mt19937 rng(20240611);
+  std::vector<double> chunk(4096);
+  reference::randomFill(rng, chunk.data(), static_cast<int>(chunk.size()), -10.0, 10.0);
+  pool.insert(pool.end(), chunk.begin(), chunk.end());
+  reference::randomSmallInts(rng, chunk.data(), static_cast<int>(chunk.size()), 3);
+  pool.insert(pool.end(), chunk.begin(), chunk.end());
+
+  const std::vector<double> specials = specialValues();
+  std::uniform_int_distribution<std::size_t> pick(0, specials.size() - 1);
+  std::uniform_real_distribution<double> ordinary(-2.0, 2.0);
+  for (int i = 0; i < 4096; ++i) {
+    pool.push_back(i % 3 == 0 ? ordinary(rng) : specials[pick(rng)]);
+  }
+  std::uniform_int_distribution<std::uint64_t> bits;
+  for (int i = 0; i < 4096; ++i) {
+    const std::uint64_t b = bits(rng);
+    double d;
+    std::memcpy(&d, &b, sizeof d);
+    pool.push_back(d);
+  }
+
+  const std::filesystem::path corpus =
+      std::filesystem::path(__FILE__).parent_path() / ".." / ".." / "fuzz" / "corpus" / "math";
+  std::error_code ec;
+  for (const auto& entry : std::filesystem::directory_iterator(corpus, ec)) {
+    std::ifstream in(entry.path(), std::ios::binary);
+    const std::vector<char> bytes((std::istreambuf_iterator<char>(in)),
+                                  std::istreambuf_iterator<char>());
+    for (std::size_t at = 0; at + sizeof(double) <= bytes.size(); at += sizeof(double)) {
+      double d;
+      std::memcpy(&d, bytes.data() + at, sizeof d);
+      pool.push_back(d);
+    }
+  }
+  return pool;
+}
+
+const std::vector<double>& pool() {
+  static const std::vector<double> values = inputPool();
+  return values;
+}
+
+// The same bits in every place, except that two NaNs count as the same: x86
+// takes a NaN's sign and payload from whichever operand comes first, and the
+// compiler is free to order the operands of the plain code's + and *.
+::testing::AssertionResult sameBits(const double* a, const double* b, int n) {
+  for (int i = 0; i < n; ++i) {
+    const bool bothNaN = std::isnan(a[i]) && std::isnan(b[i]);
+    if (!bothNaN && reference::bits(a[i]) != reference::bits(b[i])) {
+      return ::testing::AssertionFailure() << "place " << i << ": " << a[i] << " vs " << b[i];
+    }
+  }
+  return ::testing::AssertionSuccess();
+}
+
+// Groups of n values starting at each offset, so that every value meets
+// every place in turn.
+template <class F>
+void forEachGroup(int n, F f) {
+  const std::vector<double>& p = pool();
+  for (std::size_t at = 0; at + static_cast<std::size_t>(n) <= p.size(); at += 3) {
+    f(p.data() + at, at);
+  }
+}
+
+TEST(Sse2Paths, PoolHoldsTheFuzzCorpus) {
+  // 4 x 4096 generated values; the corpus adds its own.
+  EXPECT_GT(pool().size(), 4u * 4096u);
+}
+
+#if defined(__SSE2__)
+
+TEST(Sse2Paths, MatrixProductGivesThePlainBits) {
+  const std::vector<double>& p = pool();
+  forEachGroup(32, [&](const double* in, std::size_t at) {
+    double plain[16];
+    double lanes[16];
+    lumagrid::detail::productPlain(plain, in, in + 16);
+    lumagrid::detail::productSse2(lanes, in, in + 16);
+    ASSERT_TRUE(sameBits(plain, lanes, 16)) << "offset " << at;
+  });
+  // In place, on either operand.
+  double a[16];
+  double b[16];
+  double c[16];
+  std::memcpy(a, p.data(), sizeof a);
+  std::memcpy(b, p.data() + 16, sizeof b);
+  std::memcpy(c, a, sizeof c);
+  lumagrid::detail::productPlain(a, a, b);
+  lumagrid::detail::productSse2(c, c, b);
+  EXPECT_TRUE(sameBits(a, c, 16));
+}
+
+TEST(Sse2Paths, PointTransformGivesThePlainBits) {
+  forEachGroup(19, [&](const double* in, std::size_t at) {
+    double plain[3] = {in[16], in[17], in[18]};
+    double lanes[3] = {in[16], in[17], in[18]};
+    lumagrid::detail::transformPointPlain(in, plain);
+    lumagrid::detail::transformPointSse2(in, lanes);
+    ASSERT_TRUE(sameBits(plain, lanes, 3)) << "offset " << at;
+  });
+}
+
+TEST(Sse2Paths, QuaternionProductGivesThePlainBits) {
+  forEachGroup(8, [&](const double* in, std::size_t at) {
+    const MQuat a(in[0], in[1], in[2], in[3]);
+    const MQuat b(in[4], in[5], in[6], in[7]);
+    const MQuat plain = lumagrid::detail::quatProductPlain(a, b);
+    const MQuat lanes = lumagrid::detail::quatProductSse2(a, b);
+    ASSERT_TRUE(sameBits(&plain.x, &lanes.x, 4)) << "offset " << at;
+  });
+}
+
+#endif
+
+TEST(Sse2Paths, PublicOperationsUseTheSharedRoutines) {
+  // The library's own operators give what the plain routines give.
+  forEachGroup(32, [&](const double* in, std::size_t at) {
+    mat4x4 a;
+    mat4x4 b;
+    std::memcpy(static_cast<double*>(a), in, 16 * sizeof(double));
+    std::memcpy(static_cast<double*>(b), in + 16, 16 * sizeof(double));
+    const mat4x4 r = a * b;
+    double plain[16];
+    lumagrid::detail::productPlain(plain, in, in + 16);
+    ASSERT_TRUE(sameBits(static_cast<const double*>(r), plain, 16)) << "offset " << at;
+
+    vec3d v(in[16], in[17], in[18]);
+    a.transform(v);
+    double point[3] = {in[16], in[17], in[18]};
+    lumagrid::detail::transformPointPlain(in, point);
+    ASSERT_TRUE(sameBits(static_cast<const double*>(v), point, 3)) << "offset " << at;
+
+    const MQuat q(in[0], in[1], in[2], in[3]);
+    const MQuat s(in[4], in[5], in[6], in[7]);
+    const MQuat qs = q * s;
+    const MQuat expected = lumagrid::detail::quatProductPlain(q, s);
+    ASSERT_TRUE(sameBits(&qs.x, &expected.x, 4)) << "offset " << at;
+  });
+}
+
+}  // namespace
