@@ -31,4 +31,7 @@
 #include <lumagrid/CGLPolyline.h>
 #include <lumagrid/CGLBelt.h>
 
+// Start-up
+#include <lumagrid/lumagrid_module.h>
+
 #endif
