@@ -4,6 +4,7 @@
 #pragma once
 
 #include <GL/gl.h>
+#include <benchmark/benchmark.h>
 
 #include <array>
 #include <cstddef>
@@ -45,6 +46,39 @@ inline void drawByHand(const std::array<double, 16>& matrix, const float (&color
     glCallList(list);
   }
   glPopMatrix();
+}
+
+// A shape that can be marked out of date without touching its transform,
+// so that every iteration recompiles the same geometry.
+template <class Shape>
+class Recompiled : public Shape {
+ public:
+  using Shape::Shape;
+  void Invalidate() { this->m_bModified = true; }
+};
+
+// Times the shape's list compile, one rebuild an iteration.
+template <class Shape, class State>
+void compileEachIteration(Recompiled<Shape>& shape, State& state) {
+  shape.DisplayListMake();
+  for (auto _ : state) {
+    shape.Invalidate();
+    benchmark::DoNotOptimize(shape.DisplayListMake());
+  }
+  glFinish();
+}
+
+// Times the same calls compiled into a list by hand.
+template <class Emit, class State>
+void compileByHandEachIteration(Emit&& emit, State& state) {
+  const GLuint list = glGenLists(1);
+  for (auto _ : state) {
+    glNewList(list, GL_COMPILE);
+    emit();
+    glEndList();
+  }
+  glFinish();
+  glDeleteLists(list, 1);
 }
 
 }  // namespace bench

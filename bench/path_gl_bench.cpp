@@ -18,46 +18,17 @@
 
 namespace {
 
-template <class Shape>
-class Recompiled : public Shape {
- public:
-  using Shape::Shape;
-  void Invalidate() { this->m_bModified = true; }
-};
-
-template <class Shape>
-void Compile(Recompiled<Shape>& shape, benchmark::State& state) {
-  shape.DisplayListMake();
-  for (auto _ : state) {
-    shape.Invalidate();
-    benchmark::DoNotOptimize(shape.DisplayListMake());
-  }
-  glFinish();
-}
-
-template <class Emit>
-void CompileByHand(Emit&& emit, benchmark::State& state) {
-  const GLuint list = glGenLists(1);
-  for (auto _ : state) {
-    glNewList(list, GL_COMPILE);
-    emit();
-    glEndList();
-  }
-  glFinish();
-  glDeleteLists(list, 1);
-}
-
 // ---------------------------------------------------------------- torus
 
 void TorusLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled<CGLTorus> torus;
-  Compile(torus, state);
+  bench::Recompiled<CGLTorus> torus;
+  bench::compileEachIteration(torus, state);
 }
 
 void TorusGle(benchmark::State& state) {
   bench::glContext();
-  CompileByHand(
+  bench::compileByHandEachIteration(
       [] {
         gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
         gleToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
@@ -71,11 +42,11 @@ constexpr int kPolylinePoints = 1000;
 
 void PolylineLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled<CGLPolyline> poly;
+  bench::Recompiled<CGLPolyline> poly;
   for (int i = 0; i < kPolylinePoints; ++i) {
     poly.AddVertex(i * 0.001, i * 0.002, 0.0);
   }
-  Compile(poly, state);
+  bench::compileEachIteration(poly, state);
 }
 
 void PolylineGl(benchmark::State& state) {
@@ -84,7 +55,7 @@ void PolylineGl(benchmark::State& state) {
   for (int i = 0; i < kPolylinePoints; ++i) {
     points.push_back({i * 0.001, i * 0.002, 0.0});
   }
-  CompileByHand(
+  bench::compileByHandEachIteration(
       [&] {
         glColor3d(0.5, 0.5, 0.5);
         glBegin(GL_LINE_STRIP);
@@ -100,9 +71,9 @@ void PolylineGl(benchmark::State& state) {
 
 void BeltLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled<CGLBelt> belt(1.0, 0.6, 3.0);
+  bench::Recompiled<CGLBelt> belt(1.0, 0.6, 3.0);
   belt.SetQuality(static_cast<unsigned int>(state.range(0)));
-  Compile(belt, state);
+  bench::compileEachIteration(belt, state);
 }
 
 // The outline's points, computed once, as a host that knows them would.
@@ -110,7 +81,7 @@ void BeltGl(benchmark::State& state) {
   bench::glContext();
   const std::vector<lumagrid::detail::BeltPoint> outline = lumagrid::detail::BuildBeltOutline(
       1.0, 0.6, 3.0, static_cast<int>(state.range(0)), lumagrid::detail::kFullBelt);
-  CompileByHand(
+  bench::compileByHandEachIteration(
       [&] {
         glBegin(GL_LINE_STRIP);
         for (const auto& p : outline) {

@@ -16,15 +16,6 @@
 
 namespace {
 
-// A shape that can be marked out of date without touching its transform,
-// so that every iteration recompiles the same geometry.
-template <class Shape>
-class Recompiled : public Shape {
- public:
-  using Shape::Shape;
-  void Invalidate() { this->m_bModified = true; }
-};
-
 // ---------------------------------------------------------------- by hand
 
 // The calls each shape compiles, issued directly.
@@ -67,27 +58,15 @@ void HandArrow(GLUquadric* q) {
 template <class Shape>
 void CompileLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled<Shape> shape;
-  shape.DisplayListMake();
-  for (auto _ : state) {
-    shape.Invalidate();
-    benchmark::DoNotOptimize(shape.DisplayListMake());
-  }
-  glFinish();
+  bench::Recompiled<Shape> shape;
+  bench::compileEachIteration(shape, state);
 }
 
 template <void (*Emit)(GLUquadric*)>
 void CompileGlu(benchmark::State& state) {
   bench::glContext();
   GLUquadric* q = gluNewQuadric();
-  const GLuint list = glGenLists(1);
-  for (auto _ : state) {
-    glNewList(list, GL_COMPILE);
-    Emit(q);
-    glEndList();
-  }
-  glFinish();
-  glDeleteLists(list, 1);
+  bench::compileByHandEachIteration([q] { Emit(q); }, state);
   gluDeleteQuadric(q);
 }
 

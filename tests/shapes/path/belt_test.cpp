@@ -13,6 +13,7 @@
 
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "probes/CountedPoint.h"
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"
@@ -40,15 +41,6 @@ class BeltProbe : public Probe<CGLBelt> {
   using CGLBelt::m_nBType;
   using CGLBelt::m_nQuality;
   using CGLBelt::m_nSection;
-};
-
-class CountedPoint : public CGLPoint {
- public:
-  CountedPoint(double x, double y, double z, int* deaths) : CGLPoint(x, y, z), deaths_(deaths) {}
-  ~CountedPoint() override { ++*deaths_; }
-
- private:
-  int* deaths_;
 };
 
 // Vertices compiled into the shape's list.

@@ -9,6 +9,7 @@
 
 #include "glrecorder/GLRecorder.h"
 #include "glrecorder/Matchers.h"
+#include "probes/CountedPoint.h"
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"
@@ -25,17 +26,6 @@ class PolylineProbe : public Probe<CGLPolyline> {
  public:
   using Probe<CGLPolyline>::Probe;
   using CGLPolyline::m_aVertex;
-};
-
-// A point that counts its destructions, to see the polyline delete it
-// through the virtual destructor.
-class CountedPoint : public CGLPoint {
- public:
-  CountedPoint(double x, double y, double z, int* deaths) : CGLPoint(x, y, z), deaths_(deaths) {}
-  ~CountedPoint() override { ++*deaths_; }
-
- private:
-  int* deaths_;
 };
 
 class Polyline : public RecordedTest {};
