@@ -30,6 +30,7 @@
 // Path shapes
 #include <lumagrid/CGLPolyline.h>
 #include <lumagrid/CGLBelt.h>
+#include <lumagrid/CGLSpring.h>
 
 // Start-up
 #include <lumagrid/lumagrid_module.h>

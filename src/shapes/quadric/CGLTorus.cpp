@@ -2,6 +2,8 @@
 
 #include <GL/gle.h>
 
+#include "shapes/path/tube.h"
+
 CGLTorus::CGLTorus() : CGLTorus(0.1, 1.0, 0.0, 360.0) {}
 
 CGLTorus::CGLTorus(double innerRadius, double outerRadius, double startAngle, double sweepAngle)
@@ -37,7 +39,8 @@ long CGLTorus::DisplayListMake() {
   return DisplayListCompile([&] {
     // Left in force afterwards: later GLE drawings inherit this style.
     gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
-    gleToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr, m_dStartAngle,
-              m_dSweepAngle);
+    // Solid or wireframe, as the last spring drawn left the tubes.
+    lumagrid::detail::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr,
+                                 m_dStartAngle, m_dSweepAngle);
   });
 }

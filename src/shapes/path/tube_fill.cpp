@@ -1,0 +1,19 @@
+#include "shapes/path/tube_fill.h"
+
+namespace lumagrid::detail {
+
+namespace {
+
+bool g_filled = true;
+
+}  // namespace
+
+void SetTubeFilled(bool filled) {
+  g_filled = filled;
+}
+
+bool TubeFilled() {
+  return g_filled;
+}
+
+}  // namespace lumagrid::detail
