@@ -26,8 +26,9 @@ class FuzzInput {
   bool Empty() const { return m_nLeft == 0; }
 
   std::uint8_t Byte() {
-    if (m_nLeft == 0)
+    if (m_nLeft == 0) {
       return 0;
+    }
     --m_nLeft;
     return *m_pData++;
   }
@@ -44,8 +45,9 @@ class FuzzInput {
   // denormals included.
   double Raw() {
     unsigned char bytes[8];
-    for (unsigned char& b : bytes)
+    for (unsigned char& b : bytes) {
       b = Byte();
+    }
     double d;
     std::memcpy(&d, bytes, sizeof d);
     return d;
@@ -57,8 +59,9 @@ class FuzzInput {
     const int lo = Byte();
     const int hi = Byte();
     int v = lo | hi << 8;
-    if (v >= 32768)
+    if (v >= 32768) {
       v -= 65536;
+    }
     return v / 64.0;
   }
 

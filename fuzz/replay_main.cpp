@@ -30,8 +30,9 @@ namespace fs = std::filesystem;
 
 bool ParseCount(const char* arg, const char* name, unsigned long& out) {
   const std::size_t n = std::strlen(name);
-  if (std::strncmp(arg, name, n) != 0)
+  if (std::strncmp(arg, name, n) != 0) {
     return false;
+  }
   out = std::strtoul(arg + n, nullptr, 10);
   return true;
 }
@@ -62,8 +63,9 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const char* arg = argv[i];
     if (ParseCount(arg, "--random=", randomRuns) || ParseCount(arg, "--seed=", seed) ||
-        ParseCount(arg, "--max-len=", maxLen))
+        ParseCount(arg, "--max-len=", maxLen)) {
       continue;
+    }
     if (std::strncmp(arg, "--dump=", 7) == 0) {
       g_dump = arg + 7;
       continue;
@@ -73,8 +75,9 @@ int main(int argc, char** argv) {
     if (fs::is_directory(path, ec)) {
       std::vector<fs::path> inDir;
       for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
-        if (entry.is_regular_file())
+        if (entry.is_regular_file()) {
           inDir.push_back(entry.path());
+        }
       }
       std::sort(inDir.begin(), inDir.end());
       files.insert(files.end(), inDir.begin(), inDir.end());
@@ -101,8 +104,9 @@ int main(int argc, char** argv) {
   std::vector<std::uint8_t> bytes;
   for (unsigned long run = 0; run < randomRuns; ++run) {
     bytes.resize(gen() % (maxLen + 1));
-    for (std::uint8_t& b : bytes)
+    for (std::uint8_t& b : bytes) {
       b = static_cast<std::uint8_t>(gen() & 0xFFu);
+    }
     RunOne(bytes);
   }
 

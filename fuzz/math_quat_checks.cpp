@@ -1,0 +1,197 @@
+// MQuat and MRot: round trips through matrices, interpolation end points,
+// the product against its formula, and axis-angle conversions.
+
+#include <lumagrid/MRot.h>
+
+#include "math_fuzz.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace mathfuzz {
+
+namespace {
+
+double QuatDistance(const MQuat& a, const MQuat& b) {
+  return std::max(std::max(std::fabs(a.x - b.x), std::fabs(a.y - b.y)),
+                  std::max(std::fabs(a.z - b.z), std::fabs(a.w - b.w)));
+}
+
+// Normalised by the library, and then of unit length up to rounding.
+bool MakeUnit(MQuat& q) {
+  q.normalize();
+  return Finite(q) && std::fabs(q.squared() - 1.0) < 1e-12;
+}
+}  // namespace
+
+void QuatFromMatrix(MathState& fz) {
+  const MQuat fromCurrent(fz.matrix);
+  static_cast<void>(fromCurrent);
+
+  MQuat q = fz.Quat();
+  if (MakeUnit(q)) {
+    // A rotation matrix gives back its quaternion, up to sign.
+    mat4x4 r;
+    r.loadRotate(q);
+    const MQuat back(r);
+    MQuat minus = q;
+    minus.neg();
+    FUZZ_CHECK(std::min(QuatDistance(back, q), QuatDistance(back, minus)) < 1e-9);
+  }
+  const MQuat fromIdentity(Identity());
+  FUZZ_CHECK(fromIdentity.x == 0.0 && fromIdentity.y == 0.0 && fromIdentity.z == 0.0 &&
+             fromIdentity.w == 1.0);
+  fz.quat = q;
+}
+
+void Slerp(MathState& fz) {
+  MQuat a = fz.quat;
+  MQuat b = fz.Quat();
+  const MQuat c = fz.Quat();
+  const MQuat d = fz.Quat();
+  const double t = fz.Param();
+
+  MQuat r;
+  r.slerp(a, b, t);
+  MQuat s;
+  s.squad(a, b, c, d, t);
+  MQuat in;
+  in.inner(a, b, c);
+
+  const bool tame = fz.in.IsTame();
+  if (Finite(a) && Finite(b) && Finite(a.dot(b))) {
+    // Weights exactly (1, 0) at t = 0 on every branch.
+    r.slerp(a, b, 0.0);
+    FUZZ_CHECK(QuatDistance(r, a) <= 1e-12 * std::sqrt(a.squared()));
+  }
+  if (Finite(a) && Finite(b) && Finite(c) && Finite(d) && Finite(a.dot(d)) && Finite(b.dot(c)) &&
+      Finite(a.dot(b))) {
+    // squad(p, a, b, q, 0) = slerp(p, a, 0) = p.
+    s.squad(a, b, c, d, 0.0);
+    FUZZ_CHECK(QuatDistance(s, a) <= 1e-12 * std::sqrt(a.squared()));
+  }
+  if (tame && MakeUnit(a)) {
+    // A unit quaternion interpolated with itself stays put.
+    r.slerp(a, a, t);
+    FUZZ_CHECK(QuatDistance(r, a) < 1e-9);
+  }
+  fz.quat = in;
+}
+
+void QuatAlgebra(MathState& fz) {
+  const MQuat a = fz.quat;
+  const MQuat b = fz.Quat();
+  const double s = fz.Num();
+
+  const MQuat p = a * b;
+  MQuat t;
+  t.mul(a, b);
+  FUZZ_CHECK(Same(t.x, p.x) && Same(t.y, p.y) && Same(t.z, p.z) && Same(t.w, p.w));
+  t = a;
+  t *= b;
+  FUZZ_CHECK(Same(t.x, p.x) && Same(t.y, p.y) && Same(t.z, p.z) && Same(t.w, p.w));
+  if (fz.in.IsTame() && IsTame(a.x) && IsTame(a.y) && IsTame(a.z) && IsTame(a.w)) {
+    // Exact for small multiples of 1/64 (the current quaternion may be any).
+    FUZZ_CHECK(p.x == a.x * b.w + a.w * b.x + a.y * b.z - a.z * b.y);
+    FUZZ_CHECK(p.y == a.w * b.y + a.y * b.w + a.z * b.x - a.x * b.z);
+    FUZZ_CHECK(p.z == a.w * b.z + a.z * b.w + a.x * b.y - a.y * b.x);
+    FUZZ_CHECK(p.w == a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z);
+  }
+
+  FUZZ_CHECK((a == a) == Finite(a));
+  FUZZ_CHECK((a != a) == !Finite(a));
+  FUZZ_CHECK(Same(a.dot(b), b.dot(a)));
+  FUZZ_CHECK(Same(a.squared(), a.dot(a)));
+
+  const MQuat scaled = a * s;
+  FUZZ_CHECK(Same(scaled.x, a.x * s) && Same(scaled.w, a.w * s));
+  t = a;
+  t *= s;
+  t.scalar(s);
+  t.neg();
+  const MQuat negated = t;
+  t.abs();
+  FUZZ_CHECK(Same(t.x, std::fabs(negated.x)) && Same(t.w, std::fabs(negated.w)));
+
+  MQuat n = a;
+  n.normalize();
+  MQuat inv = a;
+  inv.invert();
+  if (std::sqrt(a.squared()) < kTolerance) {
+    FUZZ_CHECK(n.x == 0.0 && n.y == 0.0 && n.z == 0.0 && n.w == 1.0);
+    FUZZ_CHECK(inv.x == 0.0 && inv.y == 0.0 && inv.z == 0.0 && inv.w == 1.0);
+  }
+
+  MQuat l = a;
+  l.log();
+  FUZZ_CHECK(l.w == 0.0);
+  MQuat e = b;
+  e.exp();
+
+  MQuat u = a;
+  if (MakeUnit(u)) {
+    // For a unit quaternion the conjugate is the inverse.
+    MQuat conj = u;
+    conj.invert();
+    const MQuat one = u * conj;
+    FUZZ_CHECK(QuatDistance(one, MQuat()) < 1e-12);
+    const double v = std::sqrt(u.x * u.x + u.y * u.y + u.z * u.z);
+    if (v >= 1e-6) {
+      MQuat back = u;
+      back.log();
+      back.exp();
+      FUZZ_CHECK(QuatDistance(back, u) < 1e-9);
+    }
+    MQuat w = b;
+    if (MakeUnit(w)) {
+      const MQuat uw = u * w;
+      FUZZ_CHECK(std::fabs(uw.squared() - 1.0) < 1e-12);
+    }
+  }
+
+  t.set(s, s, s, s);
+  t.identity();
+  FUZZ_CHECK(t.x == 0.0 && t.y == 0.0 && t.z == 0.0 && t.w == 1.0);
+  fz.quat = fz.in.Bool() ? p : n;
+}
+
+void Rot(MathState& fz) {
+  const vec3d axis = fz.Vec3();
+  const double angle = fz.Num();
+
+  const MRot def;
+  FUZZ_CHECK(def.axis.x() == 1.0 && def.axis.y() == 0.0 && def.axis.z() == 0.0 && def.angle == 0.0);
+  MRot r(axis, angle);
+  const MQuat q = r;
+  const MQuat direct(axis, angle);
+  FUZZ_CHECK(Same(q.x, direct.x) && Same(q.y, direct.y) && Same(q.z, direct.z) &&
+             Same(q.w, direct.w));
+  if (axis.length() < kTolerance) {
+    FUZZ_CHECK(q.x == 0.0 && q.y == 0.0 && q.z == 0.0 && q.w == 1.0);
+  }
+
+  const MRot back(fz.quat);
+  if (fz.quat.w == 1.0) {
+    FUZZ_CHECK(IsZero(back.axis));
+    FUZZ_CHECK(back.angle == 0.0);
+  }
+  FUZZ_CHECK((r == r) == (Finite(axis) && Finite(angle)));
+  FUZZ_CHECK((r != r) == !(r == r));
+  FUZZ_CHECK(r.cmp(back, kTolerance) == back.cmp(r, kTolerance));
+  r.set(axis, -angle);
+  MRot copy = r;
+  copy = back;
+
+  mat4x4 byRot;
+  byRot.loadRotate(r);
+  mat4x4 byQuat;
+  byQuat.loadRotate(MQuat(r));
+  mat4x4 byAxis;
+  byAxis.loadRotate(axis, -angle);
+  if (Finite(axis) && Finite(angle) && axis.length() <= 1e3 && std::fabs(angle) <= 1e3) {
+    FUZZ_CHECK(byRot.cmp(byQuat, 1e-12));
+    FUZZ_CHECK(byRot.cmp(byAxis, 1e-12));
+  }
+}
+
+}  // namespace mathfuzz

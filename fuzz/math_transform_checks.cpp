@@ -1,0 +1,317 @@
+// mat4x4 builders (translate, scale, rotate, align, orient, mirror,
+// projection, xform) and the matrix acting on vectors.
+
+#include <lumagrid/MRot.h>
+
+#include "math_fuzz.h"
+
+#include <cmath>
+
+namespace mathfuzz {
+
+namespace {
+
+bool SameBitsAt(const mat4x4& a, const mat4x4& b, int k) {
+  return reference::bits(E(a)[k]) == reference::bits(E(b)[k]);
+}
+
+// one: the axis's 1.0; c1, c2 the cosines; ps, ns the +sin and -sin.
+void CheckAxisRotation(const mat4x4& t, int one, int c1, int ps, int ns, int c2) {
+  for (int k = 0; k < 16; ++k) {
+    if (k == one || k == 15) {
+      FUZZ_CHECK(E(t)[k] == 1.0);
+    } else if (k != c1 && k != c2 && k != ps && k != ns) {
+      FUZZ_CHECK(E(t)[k] == 0.0);
+    }
+  }
+  FUZZ_CHECK(Same(E(t)[c1], E(t)[c2]));
+  FUZZ_CHECK(Same(E(t)[ps], -E(t)[ns]));
+}
+
+void CheckColumnsKept(const mat4x4& t, const mat4x4& m, int c0, int c1) {
+  for (int r = 0; r < 4; ++r) {
+    FUZZ_CHECK(SameBitsAt(t, m, 4 * c0 + r));
+    FUZZ_CHECK(SameBitsAt(t, m, 4 * c1 + r));
+  }
+}
+
+}  // namespace
+
+void AxisTransforms(MathState& fz) {
+  const double x = fz.Num();
+  const double y = fz.Num();
+  const double z = fz.Num();
+  const double a = fz.Num();
+  const mat4x4 m = fz.matrix;
+
+  mat4x4 t;
+  t.loadTranslate(x, y, z);
+  for (int k = 0; k < 12; ++k) {
+    FUZZ_CHECK(E(t)[k] == (k % 5 == 0 ? 1.0 : 0.0));
+  }
+  FUZZ_CHECK(Same(E(t)[12], x) && Same(E(t)[13], y) && Same(E(t)[14], z) && E(t)[15] == 1.0);
+
+  t = m;
+  t.translate(x, y, z);
+  for (int k = 0; k < 12; ++k) {
+    FUZZ_CHECK(Same(E(t)[k], E(m)[k]));
+  }
+  FUZZ_CHECK(Same(E(t)[15], E(m)[15]));  // treated as affine
+  mat4x4 u = m;
+  u.translate(vec3d(x, y, z));
+  FUZZ_CHECK(SameValues(t, u));
+  u = m;
+  u.translateNeg(vec3d(x, y, z));
+  for (int k = 0; k < 12; ++k) {
+    FUZZ_CHECK(Same(E(u)[k], E(m)[k]));
+  }
+  FUZZ_CHECK(Same(E(u)[15], E(m)[15]));
+
+  t.loadScale(x, y, z);
+  for (int k = 0; k < 16; ++k) {
+    if (k == 0) {
+      FUZZ_CHECK(Same(E(t)[k], x));
+    } else if (k == 5) {
+      FUZZ_CHECK(Same(E(t)[k], y));
+    } else if (k == 10) {
+      FUZZ_CHECK(Same(E(t)[k], z));
+    } else if (k == 15) {
+      FUZZ_CHECK(E(t)[k] == 1.0);
+    } else {
+      FUZZ_CHECK(E(t)[k] == 0.0);
+    }
+  }
+  t = m;
+  t.scale(x, y, z);
+  const double f[3] = {x, y, z};
+  for (int c = 0; c < 3; ++c) {
+    for (int r = 0; r < 4; ++r) {
+      FUZZ_CHECK(Same(E(t)[4 * c + r], E(m)[4 * c + r] * f[c]));
+    }
+  }
+  for (int k = 12; k < 16; ++k) {
+    FUZZ_CHECK(SameBitsAt(t, m, k));
+  }
+  u = m;
+  u.scale(vec3d(x, y, z));
+  FUZZ_CHECK(SameValues(t, u));
+
+  t.loadRotateX(a);
+  CheckAxisRotation(t, 0, 5, 6, 9, 10);
+  t.loadRotateY(a);
+  CheckAxisRotation(t, 5, 10, 8, 2, 0);
+  t.loadRotateZ(a);
+  CheckAxisRotation(t, 10, 0, 1, 4, 5);
+
+  // Each axis rotation recombines two columns and leaves the other two.
+  t = m;
+  t.rotateX(a);
+  CheckColumnsKept(t, m, 0, 3);
+  t = m;
+  t.rotateY(a);
+  CheckColumnsKept(t, m, 1, 3);
+  t = m;
+  t.rotateZ(a);
+  CheckColumnsKept(t, m, 2, 3);
+
+  switch (fz.in.Byte() % 6) {
+    case 0:
+      fz.matrix.translate(x, y, z);
+      break;
+    case 1:
+      fz.matrix.scale(x, y, z);
+      break;
+    case 2:
+      fz.matrix.rotateX(a);
+      break;
+    case 3:
+      fz.matrix.rotateY(a);
+      break;
+    case 4:
+      fz.matrix.rotateZ(a);
+      break;
+    default:
+      break;
+  }
+}
+
+void VectorProducts(MathState& fz) {
+  const vec3d v = fz.Vec3();
+  const vec4d w = fz.Vec4();
+  const mat4x4& m = fz.matrix;
+
+  const vec3d p = m * v;
+  vec3d pv = v;
+  m.transform(pv);
+  for (int k = 0; k < 3; ++k) {
+    FUZZ_CHECK(Same(p[k], pv[k]));
+  }
+
+  const vec4d q = m * w;
+  FUZZ_CHECK(Same(q.w(), q.z()));  // w is a copy of z
+  vec4d qw = w;
+  m.transform(qw);
+  for (int k = 0; k < 3; ++k) {
+    FUZZ_CHECK(Same(q[k], qw[k]));
+  }
+
+  if (fz.in.IsTame() && IsTame(m)) {
+    // Small multiples of 1/64 times the same: every sum is exact.
+    for (int k = 0; k < 3; ++k) {
+      const double want =
+          ((v.x() * E(m)[k] + v.y() * E(m)[4 + k]) + v.z() * E(m)[8 + k]) + E(m)[12 + k];
+      FUZZ_CHECK(p[k] == want);
+    }
+    const double w4 = ((w.x() * E(m)[3] + w.y() * E(m)[7]) + w.z() * E(m)[11]) + w.w() * E(m)[15];
+    FUZZ_CHECK(qw.w() == w4);
+  }
+}
+
+void Align(MathState& fz) {
+  const vec3d a = fz.Vec3();
+  const vec3d b = fz.Vec3();
+  mat4x4 m;
+  FUZZ_CHECK(m.loadAlign(a, b) == 1);
+  vec3d an = a;
+  an.normalize();
+  vec3d bn = b;
+  bn.normalize();
+  vec3d c;
+  c.cross(an, bn);
+  if (Finite(a) && Finite(b) && std::fabs(an.length() - 1.0) < 1e-13 &&
+      std::fabs(bn.length() - 1.0) < 1e-13 && c.length() > 1e-3) {
+    // Takes direction a onto direction b.
+    vec3d moved = an;
+    m.transform(moved);
+    for (int k = 0; k < 3; ++k) {
+      FUZZ_CHECK(std::fabs(moved[k] - bn[k]) < 1e-9);
+    }
+  }
+  if (fz.in.Bool()) {
+    fz.matrix = m;
+  }
+}
+
+void Orient(MathState& fz) {
+  const vec3d p0 = fz.Vec3();
+  const vec3d p1 = fz.Vec3();
+  const vec3d p2 = fz.Vec3();
+  const vec3d q0 = fz.Vec3();
+  const vec3d q1 = fz.Vec3();
+  const vec3d q2 = fz.Vec3();
+  mat4x4 m;
+  FUZZ_CHECK(m.loadOrient(p0, p1, p2) == 1);
+  FUZZ_CHECK(E(m)[12] == 0.0 && E(m)[13] == 0.0 && E(m)[14] == 0.0 && E(m)[15] == 1.0);
+  mat4x4 t;
+  // loadOrient never fails, so neither does this.
+  FUZZ_CHECK(t.loadAlign(p0, p1, p2, q0, q1, q2) == 1);
+  if (fz.in.Bool()) {
+    fz.matrix = fz.in.Bool() ? m : t;
+  }
+}
+
+void Mirror(MathState& fz) {
+  const vec3d n = fz.Vec3();
+  mat4x4 m;
+  m.loadMirror(n);
+  const double l = n.length();
+  if (Finite(n) && l >= 1e-2 && l <= 1e2) {
+    // The Gram matrix of the frame with its first column negated.
+    const double nn = n.squared();
+    const double diag[4] = {-nn, 1.0, nn, 1.0};
+    const double tol = 1e-11 * std::max(1.0, nn);
+    for (int c = 0; c < 4; ++c) {
+      for (int r = 0; r < 4; ++r) {
+        FUZZ_CHECK(std::fabs(E(m)[4 * c + r] - (r == c ? diag[r] : 0.0)) <= tol);
+      }
+    }
+  }
+  if (fz.in.Bool()) {
+    fz.matrix = m;
+  }
+}
+
+void Proj(MathState& fz) {
+  const double fovy = fz.Num();
+  const double zNear = fz.Num();
+  const double zFar = fz.Num();
+  const double aspect = fz.Num();
+  mat4x4 m;
+  m.loadProj(fovy, zNear, zFar, aspect);
+  for (int k : {1, 2, 3, 4, 6, 7, 8, 9, 12, 13, 15}) {
+    FUZZ_CHECK(E(m)[k] == 0.0);
+  }
+  FUZZ_CHECK(E(m)[14] == -1.0);
+  mat4x4 t = fz.matrix;
+  t.proj(fovy, zNear, zFar, aspect);
+  if (fz.in.Bool()) {
+    fz.matrix = fz.in.Bool() ? m : t;
+  }
+}
+
+void Xform(MathState& fz) {
+  double out[13];
+  fz.matrix.getXform(out);
+  FUZZ_CHECK(out[12] == 1.0);
+  mat4x4 back;
+  back.loadXform(out);
+  for (int k : {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14}) {
+    FUZZ_CHECK(Same(E(back)[k], E(fz.matrix)[k]));
+  }
+  FUZZ_CHECK(E(back)[3] == 0.0 && E(back)[7] == 0.0 && E(back)[11] == 0.0 && E(back)[15] == 1.0);
+
+  double in[13];
+  for (double& v : in) {
+    v = fz.Num();
+  }
+  mat4x4 m;
+  m.loadXform(in);
+  for (int k = 0; k < 9; ++k) {
+    FUZZ_CHECK(Same(E(m)[k + k / 3], in[k] * in[12]));
+  }
+  for (int k = 0; k < 3; ++k) {
+    FUZZ_CHECK(Same(E(m)[12 + k], in[9 + k]));
+  }
+  if (fz.in.Bool()) {
+    fz.matrix = m;
+  }
+}
+
+void RotateBy(MathState& fz) {
+  const MQuat q = fz.Quat();
+  const vec3d axis = fz.Vec3();
+  const double a = fz.Num();
+
+  mat4x4 m;
+  m.loadRotate(q);
+  for (int k : {3, 7, 11, 12, 13, 14}) {
+    FUZZ_CHECK(E(m)[k] == 0.0);
+  }
+  FUZZ_CHECK(E(m)[15] == 1.0);
+  if (q.x == 0.0 && q.y == 0.0 && q.z == 0.0 && (q.w == 0.0 || std::fabs(q.w) == 2.0)) {
+    FUZZ_CHECK(Equal(m, Identity()));
+  }
+
+  mat4x4 t;
+  t.loadRotate(axis, a);
+  if (axis.length() < kTolerance) {
+    FUZZ_CHECK(Equal(t, Identity()));
+  }
+
+  switch (fz.in.Byte() % 4) {
+    case 0:
+      fz.matrix.rotate(q);
+      break;
+    case 1:
+      fz.matrix.rotate(axis, a);
+      break;
+    case 2:
+      fz.matrix.rotate(MRot(axis, a));
+      break;
+    default:
+      fz.matrix.loadRotate(MRot(axis, a));
+      break;
+  }
+}
+
+}  // namespace mathfuzz
