@@ -24,8 +24,8 @@ inline std::size_t next(std::size_t i) {
 
 // A program's inputs, built on first use and shared by all its benchmarks.
 template <class Inputs>
-Inputs const& shared() {
-  static Inputs const in;
+const Inputs& shared() {
+  static const Inputs in;
   return in;
 }
 
@@ -59,19 +59,19 @@ inline BENCHMARK_ALWAYS_INLINE void cycle(benchmark::State& state, Op op) {
 
 // op(in[i]) for each input in turn.
 template <class R, class T, class Op>
-inline BENCHMARK_ALWAYS_INLINE void eachInput(benchmark::State& state, std::vector<T> const& in,
+inline BENCHMARK_ALWAYS_INLINE void eachInput(benchmark::State& state, const std::vector<T>& in,
                                               Op op) {
   cycle<R>(state, [&](std::size_t i) { return op(in[i]); });
 }
 
 // op(in[i], in[next(i)]): each input with the one after it.
 template <class R, class T, class Op>
-inline BENCHMARK_ALWAYS_INLINE void eachPair(benchmark::State& state, std::vector<T> const& in,
+inline BENCHMARK_ALWAYS_INLINE void eachPair(benchmark::State& state, const std::vector<T>& in,
                                              Op op) {
   cycle<R>(state, [&](std::size_t i) { return op(in[i], in[next(i)]); });
 }
 
 // The product every implementation spells a * b.
-inline constexpr auto multiply = [](auto const& a, auto const& b) { return a * b; };
+inline constexpr auto multiply = [](const auto& a, const auto& b) { return a * b; };
 
 }  // namespace bench

@@ -42,9 +42,9 @@ struct Inputs {
       glm::dmat4 g;
       std::memcpy(&g[0][0], e, sizeof e);
       glm.push_back(g);
-      double const x = rng.uniform(-1.0, 1.0) * 10.0;
-      double const y = rng.uniform(-1.0, 1.0) * 10.0;
-      double const z = rng.uniform(-1.0, 1.0) * 10.0;
+      const double x = rng.uniform(-1.0, 1.0) * 10.0;
+      const double y = rng.uniform(-1.0, 1.0) * 10.0;
+      const double z = rng.uniform(-1.0, 1.0) * 10.0;
       lgPts.emplace_back(x, y, z);
       eigPts.emplace_back(x, y, z);
       glmPts.emplace_back(x, y, z);
@@ -52,7 +52,7 @@ struct Inputs {
   }
 };
 
-Inputs const& inputs() {
+const Inputs& inputs() {
   return bench::shared<Inputs>();
 }
 
@@ -73,7 +73,7 @@ void productGlm(benchmark::State& state) {
 // ------------------------------------------------------------- inverse
 
 void invLumagrid(benchmark::State& state) {
-  bench::eachInput<mat4x4>(state, inputs().lg, [](mat4x4 const& m) {
+  bench::eachInput<mat4x4>(state, inputs().lg, [](const mat4x4& m) {
     mat4x4 r = m;
     bool ok = r.inv();
     benchmark::DoNotOptimize(ok);
@@ -82,32 +82,32 @@ void invLumagrid(benchmark::State& state) {
 }
 
 void invEigen(benchmark::State& state) {
-  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](auto const& m) { return m.inverse(); });
+  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](const auto& m) { return m.inverse(); });
 }
 
 void invGlm(benchmark::State& state) {
-  bench::eachInput<glm::dmat4>(state, inputs().glm, [](auto const& m) { return glm::inverse(m); });
+  bench::eachInput<glm::dmat4>(state, inputs().glm, [](const auto& m) { return glm::inverse(m); });
 }
 
 // --------------------------------------------------------- determinant
 
 void detLumagrid(benchmark::State& state) {
-  bench::eachInput<double>(state, inputs().lg, [](auto const& m) { return m.det(); });
+  bench::eachInput<double>(state, inputs().lg, [](const auto& m) { return m.det(); });
 }
 
 void detEigen(benchmark::State& state) {
-  bench::eachInput<double>(state, inputs().eig, [](auto const& m) { return m.determinant(); });
+  bench::eachInput<double>(state, inputs().eig, [](const auto& m) { return m.determinant(); });
 }
 
 void detGlm(benchmark::State& state) {
-  bench::eachInput<double>(state, inputs().glm, [](auto const& m) { return glm::determinant(m); });
+  bench::eachInput<double>(state, inputs().glm, [](const auto& m) { return glm::determinant(m); });
 }
 
 // ------------------------------------------------------ point transform
 
 void transformLumagrid(benchmark::State& state) {
-  auto const& m = inputs().lg;
-  auto const& p = inputs().lgPts;
+  const auto& m = inputs().lg;
+  const auto& p = inputs().lgPts;
   bench::cycle<vec3d>(state, [&](std::size_t i) {
     vec3d v = p[i];
     m[i].transform(v);
@@ -116,8 +116,8 @@ void transformLumagrid(benchmark::State& state) {
 }
 
 void transformEigen(benchmark::State& state) {
-  auto const& m = inputs().eig;
-  auto const& p = inputs().eigPts;
+  const auto& m = inputs().eig;
+  const auto& p = inputs().eigPts;
   // The affine part of the 4x4 applied to a point, as transform() does.
   bench::cycle<Eigen::Vector3d>(state, [&](std::size_t i) {
     return m[i].topLeftCorner<3, 3>() * p[i] + m[i].col(3).head<3>();
@@ -125,8 +125,8 @@ void transformEigen(benchmark::State& state) {
 }
 
 void transformGlm(benchmark::State& state) {
-  auto const& m = inputs().glm;
-  auto const& p = inputs().glmPts;
+  const auto& m = inputs().glm;
+  const auto& p = inputs().glmPts;
   bench::cycle<glm::dvec3>(state,
                            [&](std::size_t i) { return glm::dvec3(m[i] * glm::dvec4(p[i], 1.0)); });
 }

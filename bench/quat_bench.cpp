@@ -39,7 +39,7 @@ struct Inputs {
   }
 };
 
-Inputs const& inputs() {
+const Inputs& inputs() {
   return bench::shared<Inputs>();
 }
 
@@ -56,7 +56,7 @@ void productEigen(benchmark::State& state) {
 // ------------------------------------------------------------- to matrix
 
 void toMatrixLumagrid(benchmark::State& state) {
-  bench::eachInput<mat4x4>(state, inputs().lg, [](MQuat const& q) {
+  bench::eachInput<mat4x4>(state, inputs().lg, [](const MQuat& q) {
     mat4x4 m;
     m.loadRotate(q);
     return m;
@@ -64,7 +64,7 @@ void toMatrixLumagrid(benchmark::State& state) {
 }
 
 void toMatrixEigen(benchmark::State& state) {
-  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](Eigen::Quaterniond const& q) {
+  bench::eachInput<Eigen::Matrix4d>(state, inputs().eig, [](const Eigen::Quaterniond& q) {
     // The same sixteen values as loadRotate writes.
     Eigen::Matrix4d m;
     m.topLeftCorner<3, 3>() = q.toRotationMatrix();
@@ -78,8 +78,8 @@ void toMatrixEigen(benchmark::State& state) {
 // ------------------------------------------------------------- slerp
 
 void slerpLumagrid(benchmark::State& state) {
-  auto const& in = inputs().lg;
-  auto const& t = inputs().t;
+  const auto& in = inputs().lg;
+  const auto& t = inputs().t;
   bench::cycle<MQuat>(state, [&](std::size_t i) {
     MQuat r;
     r.slerp(in[i], in[bench::next(i)], t[i]);
@@ -88,8 +88,8 @@ void slerpLumagrid(benchmark::State& state) {
 }
 
 void slerpEigen(benchmark::State& state) {
-  auto const& in = inputs().eig;
-  auto const& t = inputs().t;
+  const auto& in = inputs().eig;
+  const auto& t = inputs().t;
   bench::cycle<Eigen::Quaterniond>(
       state, [&](std::size_t i) { return in[i].slerp(t[i], in[bench::next(i)]); });
 }

@@ -16,37 +16,37 @@ class LUMAGRID_API MQuat {
   MQuat() : x(0.0), y(0.0), z(0.0), w(1.0) {}  // the identity
   MQuat(double x_, double y_, double z_, double w_) : x(x_), y(y_), z(z_), w(w_) {}
   // Turns by -angle about axis in the column-vector reading.
-  MQuat(vec3d const& axis, double angle);
-  MQuat(mat4x4 const& m);
+  MQuat(const vec3d& axis, double angle);
+  MQuat(const mat4x4& m);
 
   void set(double x, double y, double z, double w);
   void identity();
 
-  MQuat operator*(MQuat const& b) const;
-  MQuat& operator*=(MQuat const& b);
-  void mul(MQuat const& a, MQuat const& b);
+  MQuat operator*(const MQuat& b) const;
+  MQuat& operator*=(const MQuat& b);
+  void mul(const MQuat& a, const MQuat& b);
   MQuat operator*(double s) const;
   MQuat& operator*=(double s);
   void scalar(double s);
   void neg();
   void abs();
-  double dot(MQuat const& q) const;
+  double dot(const MQuat& q) const;
   double squared() const;
   void normalize();
   void invert();
   void log();
   void exp();
 
-  bool cmp(MQuat const& q, double eps) const;
-  bool operator==(MQuat const& q) const;
-  bool operator!=(MQuat const& q) const;
+  bool cmp(const MQuat& q, double eps) const;
+  bool operator==(const MQuat& q) const;
+  bool operator!=(const MQuat& q) const;
 
   // Interpolators write their result into this quaternion.
-  void slerp(MQuat const& a, MQuat const& b, double t);
-  void squad(MQuat const& p, MQuat const& a, MQuat const& b, MQuat const& q, double t);
-  void inner(MQuat const& prev, MQuat const& cur, MQuat const& next);
+  void slerp(const MQuat& a, const MQuat& b, double t);
+  void squad(const MQuat& p, const MQuat& a, const MQuat& b, const MQuat& q, double t);
+  void inner(const MQuat& prev, const MQuat& cur, const MQuat& next);
 };
 
-LUMAGRID_API std::ostream& operator<<(std::ostream& os, MQuat const& q);
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, const MQuat& q);
 
 #endif

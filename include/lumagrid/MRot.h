@@ -14,17 +14,17 @@ class LUMAGRID_API MRot {
   double angle;
 
   MRot();  // axis (1, 0, 0), angle 0
-  MRot(vec3d const& axis, double angle);
-  MRot(MQuat const& q);
+  MRot(const vec3d& axis, double angle);
+  MRot(const MQuat& q);
 
-  void set(vec3d const& axis, double angle);
+  void set(const vec3d& axis, double angle);
   operator MQuat() const;
 
-  bool cmp(MRot const& r, double eps) const;
-  bool operator==(MRot const& r) const;
-  bool operator!=(MRot const& r) const;
+  bool cmp(const MRot& r, double eps) const;
+  bool operator==(const MRot& r) const;
+  bool operator!=(const MRot& r) const;
 };
 
-LUMAGRID_API std::ostream& operator<<(std::ostream& os, MRot const& r);
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, const MRot& r);
 
 #endif

@@ -20,42 +20,42 @@ class LUMAGRID_API mat4x4 {
   mat4x4() = default;
 
   operator double*() { return m_e; }
-  operator double const*() const { return m_e; }
+  operator const double*() const { return m_e; }
   // Column i: m[i][j] is row j of column i.
   double* operator[](int i) { return m_e + 4 * i; }
-  double const* operator[](int i) const { return m_e + 4 * i; }
+  const double* operator[](int i) const { return m_e + 4 * i; }
   void set(int i, int j, double v) { m_e[4 * i + j] = v; }
 
-  void copy(mat4x4 const& m);
+  void copy(const mat4x4& m);
   void zero();
   void identity();
-  void setRow(int i, vec3d const& v);
-  void setRow(int i, vec4d const& v);
-  void setCol(int i, vec3d const& v);
-  void setCol(int i, vec4d const& v);
+  void setRow(int i, const vec3d& v);
+  void setRow(int i, const vec4d& v);
+  void setCol(int i, const vec3d& v);
+  void setCol(int i, const vec4d& v);
   vec3d getRow(int i) const;
   vec3d getCol(int i) const;
 
-  mat4x4 operator+(mat4x4 const& m) const;
+  mat4x4 operator+(const mat4x4& m) const;
   mat4x4 operator+() const;
-  mat4x4& operator+=(mat4x4 const& m);
+  mat4x4& operator+=(const mat4x4& m);
   mat4x4 operator-() const;
   // Adds, like sub(): callers rely on it.
-  mat4x4 operator-(mat4x4 const& m) const;
-  mat4x4& operator-=(mat4x4 const& m);
-  mat4x4 operator*(mat4x4 const& m) const;
-  mat4x4& operator*=(mat4x4 const& m);
+  mat4x4 operator-(const mat4x4& m) const;
+  mat4x4& operator-=(const mat4x4& m);
+  mat4x4 operator*(const mat4x4& m) const;
+  mat4x4& operator*=(const mat4x4& m);
   mat4x4 operator*(double s) const;
   mat4x4& operator*=(double s);
 
   void neg();
   void abs();
   void scalar(double s);
-  void add(mat4x4 const& a, mat4x4 const& b);
+  void add(const mat4x4& a, const mat4x4& b);
   // Adds its operands, like add(): callers rely on that.
-  void sub(mat4x4 const& a, mat4x4 const& b);
+  void sub(const mat4x4& a, const mat4x4& b);
   // this = a * b; the destination must be neither operand.
-  void mul(mat4x4 const& a, mat4x4 const& b);
+  void mul(const mat4x4& a, const mat4x4& b);
   void transpose();
   void swap();
   double det() const;
@@ -63,19 +63,19 @@ class LUMAGRID_API mat4x4 {
   bool inv();
   void reorthogonalize(int n);
 
-  bool cmp(mat4x4 const& m, double eps) const;
-  bool operator==(mat4x4 const& m) const;
-  bool operator!=(mat4x4 const& m) const;
+  bool cmp(const mat4x4& m, double eps) const;
+  bool operator==(const mat4x4& m) const;
+  bool operator!=(const mat4x4& m) const;
 
   // Axis transforms: load* replaces the matrix, the others multiply it on
   // the right (this = this * X).
   void loadTranslate(double x, double y, double z);
   void translate(double x, double y, double z);
-  void translate(vec3d const& t);
-  void translateNeg(vec3d const& t);
+  void translate(const vec3d& t);
+  void translateNeg(const vec3d& t);
   void loadScale(double x, double y, double z);
   void scale(double x, double y, double z);
-  void scale(vec3d const& s);
+  void scale(const vec3d& s);
   void loadRotateX(double a);
   void loadRotateY(double a);
   void loadRotateZ(double a);
@@ -83,19 +83,19 @@ class LUMAGRID_API mat4x4 {
   void rotateY(double a);
   void rotateZ(double a);
 
-  vec3d operator*(vec3d const& v) const;
+  vec3d operator*(const vec3d& v) const;
   void transform(vec3d& v) const;
   // w of the result is a copy of its z; the bottom row is not used.
-  vec4d operator*(vec4d const& v) const;
+  vec4d operator*(const vec4d& v) const;
   void transform(vec4d& v) const;
 
   // Compound transforms.
-  void loadRotate(MQuat const& q);
-  void rotate(MQuat const& q);
-  void loadRotate(MRot const& r);
-  void loadRotate(vec3d const& axis, double a);
-  void rotate(MRot const& r);
-  void rotate(vec3d const& axis, double a);
+  void loadRotate(const MQuat& q);
+  void rotate(const MQuat& q);
+  void loadRotate(const MRot& r);
+  void loadRotate(const vec3d& axis, double a);
+  void rotate(const MRot& r);
+  void rotate(const vec3d& axis, double a);
   void loadProj(double fovy, double zNear, double zFar, double aspect);
   void proj(double fovy, double zNear, double zFar, double aspect);
   void loadMirror(vec3d n);
@@ -114,6 +114,6 @@ static_assert(sizeof(mat4x4) == 16 * sizeof(double), "mat4x4 is 16 doubles, no p
 static_assert(std::is_trivially_copyable<mat4x4>::value, "mat4x4 copies as raw memory");
 static_assert(std::is_standard_layout<mat4x4>::value, "mat4x4 has C layout");
 
-LUMAGRID_API std::ostream& operator<<(std::ostream& os, mat4x4 const& m);
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, const mat4x4& m);
 
 #endif

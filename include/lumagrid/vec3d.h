@@ -15,11 +15,11 @@ class LUMAGRID_API vec3d {
   vec3d();
   vec3d(double x, double y, double z);
   // Divides by w even when w is near zero (see vec4d's guarded conversion).
-  vec3d(vec4d const& v);
+  vec3d(const vec4d& v);
 
   void set(double x, double y, double z);
   void zero();
-  void copy(vec3d const& v);
+  void copy(const vec3d& v);
 
   double& x() { return m_v[0]; }
   double& y() { return m_v[1]; }
@@ -34,35 +34,35 @@ class LUMAGRID_API vec3d {
   double get(int i) const { return m_v[i]; }
 
   operator double*() { return m_v; }
-  operator double const*() const { return m_v; }
+  operator const double*() const { return m_v; }
 
-  vec3d operator+(vec3d const& v) const;
+  vec3d operator+(const vec3d& v) const;
   vec3d operator+() const;
-  vec3d& operator+=(vec3d const& v);
-  vec3d operator-(vec3d const& v) const;
+  vec3d& operator+=(const vec3d& v);
+  vec3d operator-(const vec3d& v) const;
   vec3d operator-() const;
-  vec3d& operator-=(vec3d const& v);
+  vec3d& operator-=(const vec3d& v);
   vec3d operator*(double s) const;
   vec3d& operator*=(double s);
-  double operator*(vec3d const& v) const;
+  double operator*(const vec3d& v) const;
 
   void neg();
   void abs();
-  void add(vec3d const& a, vec3d const& b);
-  void sub(vec3d const& a, vec3d const& b);
+  void add(const vec3d& a, const vec3d& b);
+  void sub(const vec3d& a, const vec3d& b);
   void scalar(double s);
-  double dot(vec3d const& v) const;
+  double dot(const vec3d& v) const;
   double squared() const;
   double length() const;
   void linear_comb(double a, vec3d u, double b, vec3d v);
-  void cross(vec3d const& a, vec3d const& b);
-  void lerp(vec3d const& a, vec3d const& b, double t);
-  void min(vec3d const& v);
-  void max(vec3d const& v);
+  void cross(const vec3d& a, const vec3d& b);
+  void lerp(const vec3d& a, const vec3d& b, double t);
+  void min(const vec3d& v);
+  void max(const vec3d& v);
 
-  bool cmp(vec3d const& v, double eps) const;
-  bool operator==(vec3d const& v) const;
-  bool operator!=(vec3d const& v) const;
+  bool cmp(const vec3d& v, double eps) const;
+  bool operator==(const vec3d& v) const;
+  bool operator!=(const vec3d& v) const;
 
   void normalize();
   void homogenize();
@@ -70,8 +70,8 @@ class LUMAGRID_API vec3d {
   // A lone vec3d has no weight after it: w is taken as 1.0.
   void cartesianize();
   void perp(vec3d v);
-  void normal(vec3d const& a, vec3d const& b, vec3d const& c);
-  void cubic(vec3d const& p0, vec3d const& m0, vec3d const& m1, vec3d const& p1, double t);
+  void normal(const vec3d& a, const vec3d& b, const vec3d& c);
+  void cubic(const vec3d& p0, const vec3d& m0, const vec3d& m1, const vec3d& p1, double t);
 
  private:
   double m_v[3];
@@ -82,6 +82,6 @@ static_assert(sizeof(vec3d) == 3 * sizeof(double), "vec3d is 3 doubles, no paddi
 static_assert(std::is_trivially_copyable<vec3d>::value, "vec3d copies as raw memory");
 static_assert(std::is_standard_layout<vec3d>::value, "vec3d has C layout");
 
-LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec3d const& v);
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, const vec3d& v);
 
 #endif

@@ -13,11 +13,11 @@ class LUMAGRID_API vec4d {
   vec4d();
   vec4d(double x, double y, double z, double w);
   // (v.x, v.y, v.z, 1.0)
-  vec4d(vec3d const& v);
+  vec4d(const vec3d& v);
 
   void set(double x, double y, double z, double w);
   void zero();
-  void copy(vec4d const& v);
+  void copy(const vec4d& v);
 
   double& x() { return m_v[0]; }
   double& y() { return m_v[1]; }
@@ -34,40 +34,40 @@ class LUMAGRID_API vec4d {
   double get(int i) const { return m_v[i]; }
 
   operator double*() { return m_v; }
-  operator double const*() const { return m_v; }
+  operator const double*() const { return m_v; }
 
-  vec4d operator+(vec4d const& v) const;
+  vec4d operator+(const vec4d& v) const;
   vec4d operator+() const;
-  vec4d& operator+=(vec4d const& v);
-  vec4d operator-(vec4d const& v) const;
+  vec4d& operator+=(const vec4d& v);
+  vec4d operator-(const vec4d& v) const;
   vec4d operator-() const;
-  vec4d& operator-=(vec4d const& v);
+  vec4d& operator-=(const vec4d& v);
   vec4d operator*(double s) const;
   vec4d& operator*=(double s);
-  double operator*(vec4d const& v) const;
+  double operator*(const vec4d& v) const;
 
   void neg();
   void abs();
-  void add(vec4d const& a, vec4d const& b);
-  void sub(vec4d const& a, vec4d const& b);
+  void add(const vec4d& a, const vec4d& b);
+  void sub(const vec4d& a, const vec4d& b);
   void scalar(double s);
-  double dot(vec4d const& v) const;
+  double dot(const vec4d& v) const;
   double squared() const;
   double length() const;
   void linear_comb(double a, vec4d u, double b, vec4d v);
-  void lerp(vec4d const& a, vec4d const& b, double t);
-  void min(vec4d const& v);
-  void max(vec4d const& v);
+  void lerp(const vec4d& a, const vec4d& b, double t);
+  void min(const vec4d& v);
+  void max(const vec4d& v);
 
-  bool cmp(vec4d const& v, double eps) const;
-  bool operator==(vec4d const& v) const;
-  bool operator!=(vec4d const& v) const;
+  bool cmp(const vec4d& v, double eps) const;
+  bool operator==(const vec4d& v) const;
+  bool operator!=(const vec4d& v) const;
 
   void normalize();
   void homogenize();
   double rationalize();
   double cartesianize();
-  void cubic(vec4d const& p0, vec4d const& m0, vec4d const& m1, vec4d const& p1, double t);
+  void cubic(const vec4d& p0, const vec4d& m0, const vec4d& m1, const vec4d& p1, double t);
 
   // Guarded conversion: (0, 0, 0) when |w| < 1e-10. Explicit, so that
   // copy-initialising a vec3d picks vec3d(vec4d const&), which always divides.
@@ -83,6 +83,6 @@ static_assert(sizeof(vec4d) == 4 * sizeof(double), "vec4d is 4 doubles, no paddi
 static_assert(std::is_trivially_copyable<vec4d>::value, "vec4d copies as raw memory");
 static_assert(std::is_standard_layout<vec4d>::value, "vec4d has C layout");
 
-LUMAGRID_API std::ostream& operator<<(std::ostream& os, vec4d const& v);
+LUMAGRID_API std::ostream& operator<<(std::ostream& os, const vec4d& v);
 
 #endif
