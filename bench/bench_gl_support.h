@@ -28,8 +28,9 @@ inline eglfixture::EglContext& glContext() {
 // Column-major, as glMultMatrixd takes it.
 inline std::array<double, 16> translation(double x, double y) {
   std::array<double, 16> m{};
-  for (std::size_t k = 0; k < 16; k += 5)
+  for (std::size_t k = 0; k < 16; k += 5) {
     m[k] = 1.0;
+  }
   m[12] = x;
   m[13] = y;
   return m;

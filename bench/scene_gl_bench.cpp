@@ -53,8 +53,9 @@ void BM_SceneDrawLumagrid(benchmark::State& state) {
   }
   scene.DrawGLShapes();  // compiles every list once
   glFinish();
-  for (auto _ : state)
+  for (auto _ : state) {
     scene.DrawGLShapes();
+  }
   glFinish();
   state.SetItemsProcessed(state.iterations() * kDrawShapes);
 }
@@ -82,13 +83,15 @@ void BM_SceneDrawGL(benchmark::State& state) {
   }
   glFinish();
   for (auto _ : state) {
-    for (const Shape& s : shapes)
+    for (const Shape& s : shapes) {
       bench::drawByHand(s.matrix, s.color, s.list);
+    }
   }
   glFinish();
   state.SetItemsProcessed(state.iterations() * kDrawShapes);
-  for (const Shape& s : shapes)
+  for (const Shape& s : shapes) {
     glDeleteLists(s.list, 1);
+  }
 }
 
 void BM_SceneAddDeleteLumagrid(benchmark::State& state) {
@@ -99,8 +102,9 @@ void BM_SceneAddDeleteLumagrid(benchmark::State& state) {
       p = new CGLObject;
       scene.AddGLShape(p);
     }
-    for (CGLObject* p : shapes)
+    for (CGLObject* p : shapes) {
       benchmark::DoNotOptimize(scene.DeleteGLShape(p));
+    }
   }
   state.SetItemsProcessed(state.iterations() * kMapShapes);
 }

@@ -137,8 +137,9 @@ INSTANTIATE_TEST_SUITE_P(Alphas, TransparencyTest,
 
 TEST(CGLColor, NewColourHasNoFloatCopyYet) {
   const ColorProbe c(0.1, 0.2, 0.3, 0.4);
-  for (int i = 0; i < 4; ++i)
+  for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(c.GL()[i], 0.0f);
+  }
 }
 
 }  // namespace

@@ -365,11 +365,13 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CGLObjectSetMatrix, ArrayIsCopiedInOrderWithoutMarkingModified) {
   ObjectProbe o = Clean();
   double m[16];
-  for (int i = 0; i < 16; ++i)
+  for (int i = 0; i < 16; ++i) {
     m[i] = i + 0.5;
+  }
   EXPECT_EQ(o.SetMatrix(m), 1);
-  for (int i = 0; i < 16; ++i)
+  for (int i = 0; i < 16; ++i) {
     EXPECT_EQ(static_cast<const double*>(o.m_matrix)[i], i + 0.5);
+  }
   EXPECT_FALSE(o.m_bModified);
 }
 

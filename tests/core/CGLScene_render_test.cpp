@@ -196,8 +196,9 @@ TEST_F(ClippingPlanesTest, SetThenGetRoundTripsAndKeepsTheOtherTerms) {
   CGLParams::SetClippingPlanes(2.0, 50.0);
   double after[16];
   Projection(after);
-  for (int i : {0, 5, 12, 13})
+  for (int i : {0, 5, 12, 13}) {
     EXPECT_EQ(after[i], before[i]) << "element " << i;
+  }
   EXPECT_EQ(after[10], static_cast<double>(static_cast<float>(-2.0 / 48.0)));
   EXPECT_EQ(after[14], static_cast<double>(static_cast<float>(-52.0 / 48.0)));
   double n = 0.0;

@@ -91,8 +91,9 @@ TEST(CGLShapeMap, KeysWithEqualLowBitsAreStillDistinct) {
 
 TEST(CGLShapeMap, EntriesComeFromBlocksOfTen) {
   CGLShapeMap map;
-  for (std::uintptr_t k = 1; k <= 10; ++k)
+  for (std::uintptr_t k = 1; k <= 10; ++k) {
     map.SetAt(k * 16, Fake(k));
+  }
   EXPECT_EQ(map.GetBlockCount(), 1u);
   map.SetAt(11 * 16, Fake(11));
   EXPECT_EQ(map.GetBlockCount(), 2u);
@@ -100,8 +101,9 @@ TEST(CGLShapeMap, EntriesComeFromBlocksOfTen) {
 
 TEST(CGLShapeMap, RemovedEntriesAreReusedBeforeANewBlock) {
   CGLShapeMap map;
-  for (std::uintptr_t k = 1; k <= 10; ++k)
+  for (std::uintptr_t k = 1; k <= 10; ++k) {
     map.SetAt(k * 16, Fake(k));
+  }
   for (int round = 0; round < 100; ++round) {
     EXPECT_TRUE(map.RemoveKey(16));
     map.SetAt(16, Fake(1));
@@ -112,8 +114,9 @@ TEST(CGLShapeMap, RemovedEntriesAreReusedBeforeANewBlock) {
 
 TEST(CGLShapeMap, RemoveAllForgetsEntriesAndBlocks) {
   CGLShapeMap map;
-  for (std::uintptr_t k = 1; k <= 25; ++k)
+  for (std::uintptr_t k = 1; k <= 25; ++k) {
     map.SetAt(k * 16, Fake(k));
+  }
   map.RemoveAll();
   EXPECT_TRUE(map.IsEmpty());
   EXPECT_EQ(map.GetBlockCount(), 0u);

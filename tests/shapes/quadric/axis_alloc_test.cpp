@@ -18,18 +18,21 @@ namespace {
 int g_failCountdown = 0;
 
 bool ShouldFail(std::size_t size) {
-  if (g_failCountdown <= 0 || (size != sizeof(CGLArrow) && size != sizeof(CGLCube)))
+  if (g_failCountdown <= 0 || (size != sizeof(CGLArrow) && size != sizeof(CGLCube))) {
     return false;
+  }
   return --g_failCountdown == 0;
 }
 
 }  // namespace
 
 void* operator new(std::size_t size) {
-  if (ShouldFail(size))
+  if (ShouldFail(size)) {
     throw std::bad_alloc();
-  if (void* p = std::malloc(size != 0 ? size : 1))
+  }
+  if (void* p = std::malloc(size != 0 ? size : 1)) {
     return p;
+  }
   throw std::bad_alloc();
 }
 

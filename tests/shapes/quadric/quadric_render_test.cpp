@@ -39,8 +39,9 @@ class QuadricRender : public eglfixture::RealGLTest {
     const int r = p.r, g = p.g, b = p.b;
     const int main = c == Channel::Red ? r : c == Channel::Green ? g : b;
     const int other = c == Channel::Red ? g + b : c == Channel::Green ? r + b : r + g;
-    if (main > 100 && other == 0)
+    if (main > 100 && other == 0) {
       return ::testing::AssertionSuccess();
+    }
     return ::testing::AssertionFailure() << eglfixture::toString(p);
   }
 
