@@ -17,6 +17,7 @@
 #include <lumagrid/CGLScene.h>
 #include <lumagrid/CGLGroup.h>
 #include <lumagrid/CGLParams.h>
+#include <lumagrid/CGLMatrixGuard.h>
 
 // Quadric shapes
 #include <lumagrid/CGLQuadric.h>

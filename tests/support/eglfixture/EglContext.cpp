@@ -135,6 +135,9 @@ struct EglContext::Handles {
   GLuint framebuffer = 0;
   GLuint colorBuffer = 0;
   GLuint depthBuffer = 0;
+  // Single-sampled copy of a multisampled framebuffer; 0 without multisampling.
+  GLuint resolveFramebuffer = 0;
+  GLuint resolveBuffer = 0;
   PFNGLGENFRAMEBUFFERSPROC genFramebuffers = nullptr;
   PFNGLBINDFRAMEBUFFERPROC bindFramebuffer = nullptr;
   PFNGLDELETEFRAMEBUFFERSPROC deleteFramebuffers = nullptr;
@@ -144,9 +147,11 @@ struct EglContext::Handles {
   PFNGLRENDERBUFFERSTORAGEPROC renderbufferStorage = nullptr;
   PFNGLFRAMEBUFFERRENDERBUFFERPROC framebufferRenderbuffer = nullptr;
   PFNGLCHECKFRAMEBUFFERSTATUSPROC checkFramebufferStatus = nullptr;
+  PFNGLRENDERBUFFERSTORAGEMULTISAMPLEPROC renderbufferStorageMultisample = nullptr;
+  PFNGLBLITFRAMEBUFFERPROC blitFramebuffer = nullptr;
 };
 
-EglContext::EglContext(int width, int height)
+EglContext::EglContext(int width, int height, int samples)
     : h_(std::make_unique<Handles>()), width_(width), height_(height) {
   const Display& d = display();
   if (d.display == EGL_NO_DISPLAY) {
@@ -197,12 +202,43 @@ EglContext::EglContext(int width, int height)
       !load(h.checkFramebufferStatus, "glCheckFramebufferStatus", error_)) {
     return;
   }
+  if (samples > 0) {
+    if (!load(h.renderbufferStorageMultisample, "glRenderbufferStorageMultisample", error_) ||
+        !load(h.blitFramebuffer, "glBlitFramebuffer", error_)) {
+      return;
+    }
+    GLint maxSamples = 0;
+    glGetIntegerv(GL_MAX_SAMPLES, &maxSamples);
+    samples_ = samples < maxSamples ? samples : maxSamples;
+  }
+  // Colour and depth storage of the framebuffer drawn into, multisampled or not.
+  auto storage = [&](GLenum format) {
+    if (samples_ > 0) {
+      h.renderbufferStorageMultisample(GL_RENDERBUFFER, samples_, format, width_, height_);
+    } else {
+      h.renderbufferStorage(GL_RENDERBUFFER, format, width_, height_);
+    }
+  };
+  if (samples_ > 0) {
+    h.genRenderbuffers(1, &h.resolveBuffer);
+    h.bindRenderbuffer(GL_RENDERBUFFER, h.resolveBuffer);
+    h.renderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width_, height_);
+    h.genFramebuffers(1, &h.resolveFramebuffer);
+    h.bindFramebuffer(GL_FRAMEBUFFER, h.resolveFramebuffer);
+    h.framebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
+                              h.resolveBuffer);
+    const GLenum status = h.checkFramebufferStatus(GL_FRAMEBUFFER);
+    if (status != GL_FRAMEBUFFER_COMPLETE) {
+      error_ = "resolve framebuffer object incomplete: status " + hex(status);
+      return;
+    }
+  }
   h.genRenderbuffers(1, &h.colorBuffer);
   h.bindRenderbuffer(GL_RENDERBUFFER, h.colorBuffer);
-  h.renderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width_, height_);
+  storage(GL_RGBA8);
   h.genRenderbuffers(1, &h.depthBuffer);
   h.bindRenderbuffer(GL_RENDERBUFFER, h.depthBuffer);
-  h.renderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, width_, height_);
+  storage(GL_DEPTH_COMPONENT24);
   h.genFramebuffers(1, &h.framebuffer);
   h.bindFramebuffer(GL_FRAMEBUFFER, h.framebuffer);
   h.framebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, h.colorBuffer);
@@ -230,6 +266,10 @@ EglContext::~EglContext() {
     h_->deleteFramebuffers(1, &h_->framebuffer);
     h_->deleteRenderbuffers(1, &h_->colorBuffer);
     h_->deleteRenderbuffers(1, &h_->depthBuffer);
+    if (h_->resolveFramebuffer != 0) {
+      h_->deleteFramebuffers(1, &h_->resolveFramebuffer);
+      h_->deleteRenderbuffers(1, &h_->resolveBuffer);
+    }
   }
   eglMakeCurrent(h_->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
   eglDestroyContext(h_->display, h_->context);
@@ -262,8 +302,22 @@ void EglContext::applyDefaultState() {
   glEnable(GL_NORMALIZE);
 }
 
+void EglContext::resolve() const {
+  if (samples_ == 0) {
+    return;
+  }
+  const Handles& h = *h_;
+  h.bindFramebuffer(GL_READ_FRAMEBUFFER, h.framebuffer);
+  h.bindFramebuffer(GL_DRAW_FRAMEBUFFER, h.resolveFramebuffer);
+  h.blitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+  // Reads come from the resolved copy; drawing goes on into the multisampled one.
+  h.bindFramebuffer(GL_READ_FRAMEBUFFER, h.resolveFramebuffer);
+  h.bindFramebuffer(GL_DRAW_FRAMEBUFFER, h.framebuffer);
+}
+
 Rgba EglContext::pixel(int x, int y) const {
   Rgba out;
+  resolve();
   glFinish();
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(x, y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, &out);
@@ -273,6 +327,7 @@ Rgba EglContext::pixel(int x, int y) const {
 std::vector<Rgba> EglContext::readPixels() const {
   std::vector<Rgba> out(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
   static_assert(sizeof(Rgba) == 4, "Rgba must match GL_RGBA / GL_UNSIGNED_BYTE");
+  resolve();
   glFinish();
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(0, 0, width_, height_, GL_RGBA, GL_UNSIGNED_BYTE, out.data());

@@ -33,8 +33,10 @@ std::ostream& operator<<(std::ostream& os, const Rgba& c);
 class EglContext {
  public:
   // Creates the context and its width x height framebuffer, makes it current and applies
-  // applyDefaultState(). Check ok() before use; error() says what failed.
-  EglContext(int width, int height);
+  // applyDefaultState(). Check ok() before use; error() says what failed. With samples > 0 the
+  // framebuffer is multisampled (as many samples as the driver allows, at most that many) and
+  // every read resolves it first.
+  EglContext(int width, int height, int samples = 0);
   ~EglContext();
   EglContext(const EglContext&) = delete;
   EglContext& operator=(const EglContext&) = delete;
@@ -43,6 +45,8 @@ class EglContext {
   const std::string& error() const { return error_; }
   int width() const { return width_; }
   int height() const { return height_; }
+  // Samples per pixel of the framebuffer; 0 when it is not multisampled.
+  int samples() const { return samples_; }
 
   bool makeCurrent();
 
@@ -51,6 +55,10 @@ class EglContext {
   // matrix mode GL_MODELVIEW; GL_LIGHTING and GL_LIGHT0 on, the light directional from the
   // viewer (position (0, 0, 1, 0) in eye space); GL_DEPTH_TEST and GL_NORMALIZE on.
   void applyDefaultState();
+
+  // Copies the multisampled framebuffer into the single-sampled one that reads see; nothing to do
+  // without multisampling. The reads below call it.
+  void resolve() const;
 
   // Pixels in GL window coordinates: x from the left, y from the bottom.
   Rgba pixel(int x, int y) const;
@@ -70,6 +78,7 @@ class EglContext {
   std::unique_ptr<Handles> h_;
   int width_;
   int height_;
+  int samples_ = 0;
   std::string error_;
 };
 

@@ -69,9 +69,8 @@ std::size_t RealGLTest::countDrawnPixels() const {
 
 std::string RealGLTest::saveFramebuffer(const std::string& tag) {
   const char* fromEnvironment = std::getenv("LUMAGRID_RENDER_OUTPUT_DIR");
-  const std::filesystem::path dir = fromEnvironment != nullptr && *fromEnvironment != '\0'
-                                        ? fromEnvironment
-                                        : "render-output";
+  const std::filesystem::path dir =
+      fromEnvironment != nullptr && *fromEnvironment != '\0' ? fromEnvironment : "render-output";
   std::error_code ignored;
   std::filesystem::create_directories(dir, ignored);
   const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();

@@ -1,0 +1,53 @@
+#include "gallery_scene.h"
+
+#include <lumagrid/CGLMatrixGuard.h>
+#include <lumagrid/CGLObject.h>
+
+#include <GL/gl.h>
+
+#include "gallery_catalog.h"
+#include "gallery_shapes.h"
+#include "gallery_view.h"
+
+namespace gallery {
+
+void GalleryScene::Layer::draw() {
+  CGLMatrixGuard guard(groups);
+  scene.DrawGLShapes();
+}
+
+GalleryScene::GalleryScene(const std::vector<std::size_t>& entries, const Layout& layout) {
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    std::vector<PlacedShape> placed =
+        buildShapes(catalog().at(entries[i]).name, layout.shapeCentre(i), layout.shapeScale());
+    for (PlacedShape& p : placed) {
+      Layer& layer = p.layer == gallery::Layer::Lit    ? lit_
+                     : p.layer == gallery::Layer::Wire ? wire_
+                     : p.layer == gallery::Layer::Flat ? flat_
+                                                       : translucent_;
+      layer.groups += p.popsExtra ? 1 : 0;
+      layer.scene.AddGLShape(p.shape.release());  // the scene owns it now
+      ++shapes_;
+    }
+  }
+}
+
+void GalleryScene::draw() {
+  lit_.draw();
+  glLineWidth(1.0f);
+  wire_.draw();
+  glLineWidth(2.0f);
+  {
+    FlatLighting flat;
+    flat_.draw();
+  }
+  // Translucent shapes test depth against the rest but do not hide each other; only their
+  // front faces are blended, so a sphere does not show its own far side.
+  glDepthMask(GL_FALSE);
+  glEnable(GL_CULL_FACE);
+  translucent_.draw();
+  glDisable(GL_CULL_FACE);
+  glDepthMask(GL_TRUE);
+}
+
+}  // namespace gallery

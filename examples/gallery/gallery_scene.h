@@ -1,0 +1,42 @@
+// The gallery's shapes in three scenes, drawn in order: lit solids, line shapes in their flat
+// colour, then translucent shapes blended over both. An interactive viewer can reuse it as it
+// stands: set up the view (gallery_view.h), then draw().
+#pragma once
+
+#include <lumagrid/CGLScene.h>
+
+#include <cstddef>
+#include <vector>
+
+#include "gallery_layout.h"
+
+namespace gallery {
+
+class GalleryScene {
+ public:
+  // Cell i of layout shows catalog()[entries[i]].
+  GalleryScene(const std::vector<std::size_t>& entries, const Layout& layout);
+  GalleryScene(const GalleryScene&) = delete;
+  GalleryScene& operator=(const GalleryScene&) = delete;
+
+  // Needs the context current and the view set up. Leaves the model-view matrix and its stack
+  // as it found them.
+  void draw();
+
+  std::size_t shapeCount() const { return shapes_; }
+
+ private:
+  struct Layer {
+    CGLScene scene;
+    // Groups in the scene: each pops the matrix stack once more than it pushes.
+    int groups = 0;
+    void draw();
+  };
+  Layer lit_;
+  Layer wire_;
+  Layer flat_;
+  Layer translucent_;
+  std::size_t shapes_ = 0;
+};
+
+}  // namespace gallery

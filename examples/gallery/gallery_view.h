@@ -1,0 +1,29 @@
+// The gallery's camera, lights and labels.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "gallery_layout.h"
+
+namespace gallery {
+
+// Clears the picture and sets the state every draw starts from: viewport, a perspective camera
+// whose view of the z = 0 plane is exactly the layout's world, two directional lights, depth test
+// and blending.
+void setUpView(const Layout& layout);
+
+// While alive, lit shapes show their material colour unshaded: line shapes have no normals of
+// their own, so under the lights their shade would depend on whatever normal came last.
+class FlatLighting {
+ public:
+  FlatLighting();
+  ~FlatLighting();
+  FlatLighting(const FlatLighting&) = delete;
+  FlatLighting& operator=(const FlatLighting&) = delete;
+};
+
+// Writes labels[i] centred under cell i, in the stroke font.
+void drawLabels(const Layout& layout, const std::vector<std::string>& labels);
+
+}  // namespace gallery
