@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "eglfixture/EglContext.h"
+#include <lumagrid/testing/EglContext.h>
 
 namespace bench {
 

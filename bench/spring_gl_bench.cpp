@@ -19,48 +19,22 @@
 
 namespace {
 
-class Recompiled : public CGLSpring {
- public:
-  using CGLSpring::CGLSpring;
-  void Invalidate() { m_bModified = true; }
-};
-
-void Compile(Recompiled& spring, benchmark::State& state) {
-  spring.DisplayListMake();
-  for (auto _ : state) {
-    spring.Invalidate();
-    benchmark::DoNotOptimize(spring.DisplayListMake());
-  }
-  glFinish();
-}
-
-template <class Emit>
-void CompileByHand(Emit&& emit, benchmark::State& state) {
-  const GLuint list = glGenLists(1);
-  for (auto _ : state) {
-    glNewList(list, GL_COMPILE);
-    emit();
-    glEndList();
-  }
-  glFinish();
-  glDeleteLists(list, 1);
-}
-
 constexpr int kCapped = TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE;
 constexpr int kOpen = TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE;
 
 // ---------------------------------------------------------------- compression
 
+template <int kArg>
 void CompressionLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled spring;
-  spring.SetShadedMode(static_cast<int>(state.range(0)));
-  Compile(spring, state);
+  bench::Recompiled<CGLSpring> spring;
+  spring.SetShadedMode(kArg);
+  bench::compileEachIteration(spring, state);
 }
 
 void CompressionGle(benchmark::State& state) {
   bench::glContext();
-  CompileByHand(
+  bench::compileByHandEachIteration(
       [] {
         gleSetNumSides(20);
         gleSetJoinStyle(kCapped);
@@ -71,13 +45,14 @@ void CompressionGle(benchmark::State& state) {
 
 // ---------------------------------------------------------------- tension
 
+template <int kArg>
 void TensionLumagrid(benchmark::State& state) {
   bench::glContext();
-  Recompiled spring;
+  bench::Recompiled<CGLSpring> spring;
   spring.SetType(1);
   spring.SetType2(1);
-  spring.SetShadedMode(static_cast<int>(state.range(0)));
-  Compile(spring, state);
+  spring.SetShadedMode(kArg);
+  bench::compileEachIteration(spring, state);
 }
 
 // The body's points computed once, as a host that knows them would.
@@ -92,7 +67,7 @@ void TensionGle(benchmark::State& state) {
     points[i][2] = path[i].z;
   }
   const int n = static_cast<int>(path.size());
-  CompileByHand(
+  bench::compileByHandEachIteration(
       [&] {
         gleSetNumSides(20);
         gleSetJoinStyle(kOpen);
@@ -114,15 +89,17 @@ void TensionGle(benchmark::State& state) {
 
 // ---------------------------------------------------------------- builders
 
+template <int kArg>
 void TensionPath(benchmark::State& state) {
-  const int sides = static_cast<int>(state.range(0));
+  const int sides = kArg;
   for (auto _ : state) {
     benchmark::DoNotOptimize(lumagrid::detail::TensionBodyPath(0.1, 1.0, 5.0, 3, 0.25, sides));
   }
 }
 
+template <int kArg>
 void WireSweep(benchmark::State& state) {
-  const int sides = static_cast<int>(state.range(0));
+  const int sides = kArg;
   const std::vector<lumagrid::detail::PathPoint> helix = lumagrid::detail::HelixPoints(
       lumagrid::detail::Helix{1.0, 0.0, 0.0, 5.0 / 3.0, 0.0, 1080.0}, sides);
   for (auto _ : state) {
@@ -132,13 +109,20 @@ void WireSweep(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(CompressionLumagrid)->Name("compression_compile/lumagrid_solid")->Arg(1);
+// Names are <operation>/<implementation>, as scripts/bench-ratios reads them.
+// A wireframe is measured against the same spring solid; the library's own
+// geometry against GLE's time on the same solid spring.
+BENCHMARK(CompressionLumagrid<1>)->Name("compression_compile/lumagrid");
 BENCHMARK(CompressionGle)->Name("compression_compile/gle");
-BENCHMARK(CompressionLumagrid)->Name("compression_compile/lumagrid_wire")->Arg(0);
-BENCHMARK(TensionLumagrid)->Name("tension_compile/lumagrid_solid")->Arg(1);
+BENCHMARK(CompressionLumagrid<0>)->Name("compression_wire_compile/lumagrid");
+BENCHMARK(CompressionLumagrid<1>)->Name("compression_wire_compile/solid");
+BENCHMARK(TensionLumagrid<1>)->Name("tension_compile/lumagrid");
 BENCHMARK(TensionGle)->Name("tension_compile/gle");
-BENCHMARK(TensionLumagrid)->Name("tension_compile/lumagrid_wire")->Arg(0);
-BENCHMARK(TensionPath)->Name("tension_path/builder")->Arg(20)->Arg(50);
-BENCHMARK(WireSweep)->Name("wire_sweep/builder")->Arg(20)->Arg(50);
+BENCHMARK(TensionLumagrid<0>)->Name("tension_wire_compile/lumagrid");
+BENCHMARK(TensionLumagrid<1>)->Name("tension_wire_compile/solid");
+BENCHMARK(TensionPath<20>)->Name("tension_geometry_share/lumagrid");
+BENCHMARK(TensionGle)->Name("tension_geometry_share/gle");
+BENCHMARK(WireSweep<20>)->Name("wire_sweep_q20/lumagrid");
+BENCHMARK(WireSweep<50>)->Name("wire_sweep_q50/lumagrid");
 
 BENCHMARK_MAIN();

@@ -20,7 +20,7 @@
 #include <lumagrid/mat4x4.h>
 
 #include "fuzz_input.h"
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 #include "standin/QuadShape.h"
 
 #include <GL/gl.h>

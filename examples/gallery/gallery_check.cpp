@@ -2,129 +2,25 @@
 // blank, every cell holds a shape and a label, only the selected shape shows the highlight colour,
 // and the program's exit status says what happened (0, or 2 without an OpenGL context).
 //   lumagrid_gallery_check PATH-TO-GALLERY
-#include <png.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <iostream>
-#include <set>
 #include <string>
 #include <vector>
 
+#include "check_support.h"
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
-extern char** environ;
-
 namespace {
 
-int g_failures = 0;
-
-void check(bool ok, const std::string& what) {
-  std::cout << (ok ? "ok:   " : "FAIL: ") << what << '\n';
-  g_failures += ok ? 0 : 1;
-}
-
-// Exit status of the program, or -1 when it did not exit normally (a crash).
-int run(const std::vector<std::string>& args, const std::vector<std::string>& extraEnv = {}) {
-  std::vector<char*> argv;
-  for (const std::string& a : args) {
-    argv.push_back(const_cast<char*>(a.c_str()));
-  }
-  argv.push_back(nullptr);
-  std::vector<std::string> envStrings(extraEnv);
-  for (char** e = environ; *e != nullptr; ++e) {
-    envStrings.emplace_back(*e);
-  }
-  std::vector<char*> envp;
-  for (const std::string& e : envStrings) {
-    envp.push_back(const_cast<char*>(e.c_str()));
-  }
-  envp.push_back(nullptr);
-  pid_t pid = 0;
-  if (posix_spawn(&pid, argv[0], nullptr, nullptr, argv.data(), envp.data()) != 0) {
-    std::cout << "cannot start " << args[0] << ": " << std::strerror(errno) << '\n';
-    return -1;
-  }
-  int status = 0;
-  while (waitpid(pid, &status, 0) < 0) {
-    if (errno != EINTR) {
-      return -1;
-    }
-  }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-struct Image {
-  int width = 0;
-  int height = 0;
-  std::vector<std::uint8_t> rgba;  // top row first
-
-  const std::uint8_t* at(int x, int y) const {
-    return &rgba[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                  static_cast<std::size_t>(x)) *
-                 4];
-  }
-};
-
-bool readPng(const std::string& path, Image* image) {
-  png_image png;
-  std::memset(&png, 0, sizeof png);
-  png.version = PNG_IMAGE_VERSION;
-  if (png_image_begin_read_from_file(&png, path.c_str()) == 0) {
-    std::cout << "libpng: " << png.message << '\n';
-    return false;
-  }
-  png.format = PNG_FORMAT_RGBA;
-  image->width = static_cast<int>(png.width);
-  image->height = static_cast<int>(png.height);
-  image->rgba.assign(PNG_IMAGE_SIZE(png), 0);
-  if (png_image_finish_read(&png, nullptr, image->rgba.data(), 0, nullptr) == 0) {
-    std::cout << "libpng: " << png.message << '\n';
-    png_image_free(&png);
-    return false;
-  }
-  return true;
-}
-
-bool isBackground(const std::uint8_t* p) {
-  const gallery::Rgb8 bg = gallery::kBackground;
-  return std::abs(p[0] - bg.r) + std::abs(p[1] - bg.g) + std::abs(p[2] - bg.b) <= 24;
-}
-
-// The highlight colour under the lights: its hue, any brightness.
-bool isHighlight(const std::uint8_t* p) {
-  const gallery::Rgb8 hl = gallery::kHighlight;
-  auto near = [](int channel, int wanted) { return wanted == 0 ? channel <= 40 : channel >= 100; };
-  return near(p[0], hl.r) && near(p[1], hl.g) && near(p[2], hl.b);
-}
-
-template <class Predicate>
-std::size_t count(const Image& image, const gallery::Rect& r, Predicate predicate) {
-  std::size_t n = 0;
-  for (int y = r.y; y < r.y + r.height; ++y) {
-    for (int x = r.x; x < r.x + r.width; ++x) {
-      n += predicate(image.at(x, y)) ? 1 : 0;
-    }
-  }
-  return n;
-}
-
-std::size_t distinctColours(const Image& image) {
-  std::set<std::uint32_t> colours;
-  for (std::size_t i = 0; i + 3 < image.rgba.size(); i += 4) {
-    colours.insert(static_cast<std::uint32_t>(image.rgba[i]) << 16 |
-                   static_cast<std::uint32_t>(image.rgba[i + 1]) << 8 | image.rgba[i + 2]);
-  }
-  return colours.size();
-}
+using gallery::check::check;
+using gallery::check::count;
+using gallery::check::distinctColours;
+using gallery::check::Image;
+using gallery::check::isBackground;
+using gallery::check::isHighlight;
+using gallery::check::readPng;
+using gallery::check::run;
 
 // Runs the gallery into path at width x height (one entry when only is set) and checks the cells.
 void checkPicture(const std::string& gallery, const std::string& path, int width, int height,
@@ -178,19 +74,6 @@ void checkPicture(const std::string& gallery, const std::string& path, int width
   }
 }
 
-std::string temporaryPng() {
-  std::string pattern =
-      (std::filesystem::temp_directory_path() / "lumagrid-gallery-XXXXXX.png").string();
-  std::vector<char> buffer(pattern.begin(), pattern.end());
-  buffer.push_back('\0');
-  const int fd = mkstemps(buffer.data(), 4);
-  if (fd < 0) {
-    return "";
-  }
-  close(fd);
-  return buffer.data();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -199,7 +82,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string gallery = argv[1];
-  const std::string path = temporaryPng();
+  const std::string path = gallery::check::temporaryPng("gallery");
   if (path.empty()) {
     std::cerr << "cannot create a temporary file\n";
     return 2;
@@ -216,6 +99,6 @@ int main(int argc, char** argv) {
 
   std::error_code ec;
   std::filesystem::remove(path, ec);
-  std::cout << (g_failures == 0 ? "all checks passed\n" : "some checks failed\n");
-  return g_failures == 0 ? 0 : 1;
+  std::cout << (gallery::check::failures() == 0 ? "all checks passed\n" : "some checks failed\n");
+  return gallery::check::failures() == 0 ? 0 : 1;
 }

@@ -22,6 +22,17 @@ bool parseSide(const std::string& text, int* side) {
 
 }  // namespace
 
+bool parseSize(const std::string& text, int* width, int* height, std::string* error) {
+  const std::size_t x = text.find('x');
+  if (x == std::string::npos || !parseSide(text.substr(0, x), width) ||
+      !parseSide(text.substr(x + 1), height)) {
+    *error = "--size wants WIDTHxHEIGHT, each " + std::to_string(kMinSide) + " to " +
+             std::to_string(kMaxSide) + ", not '" + text + "'";
+    return false;
+  }
+  return true;
+}
+
 bool parseOptions(int argc, const char* const* argv, Options* options, std::string* error) {
   for (int i = 1; i < argc; ++i) {
     const std::string arg = argv[i];
@@ -31,12 +42,7 @@ bool parseOptions(int argc, const char* const* argv, Options* options, std::stri
     } else if (arg == "--out" && hasValue) {
       options->out = argv[++i];
     } else if (arg == "--size" && hasValue) {
-      const std::string size = argv[++i];
-      const std::size_t x = size.find('x');
-      if (x == std::string::npos || !parseSide(size.substr(0, x), &options->width) ||
-          !parseSide(size.substr(x + 1), &options->height)) {
-        *error = "--size wants WIDTHxHEIGHT, each " + std::to_string(kMinSide) + " to " +
-                 std::to_string(kMaxSide) + ", not '" + size + "'";
+      if (!parseSize(argv[++i], &options->width, &options->height, error)) {
         return false;
       }
     } else if (arg == "--only" && hasValue) {

@@ -16,6 +16,9 @@ struct Options {
 // Fills *options from argv. Returns false and says why in *error on a bad command line.
 bool parseOptions(int argc, const char* const* argv, Options* options, std::string* error);
 
+// Reads "WIDTHxHEIGHT" into *width and *height. Returns false and says why in *error.
+bool parseSize(const std::string& text, int* width, int* height, std::string* error);
+
 // The --help text, entry names included.
 std::string usage(const std::string& program);
 

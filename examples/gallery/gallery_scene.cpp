@@ -6,7 +6,6 @@
 #include <GL/gl.h>
 
 #include "gallery_catalog.h"
-#include "gallery_shapes.h"
 #include "gallery_view.h"
 
 namespace gallery {
@@ -26,8 +25,8 @@ GalleryScene::GalleryScene(const std::vector<std::size_t>& entries, const Layout
                      : p.layer == gallery::Layer::Flat ? flat_
                                                        : translucent_;
       layer.groups += p.popsExtra ? 1 : 0;
+      items_.push_back({p.shape.get(), &layer.scene, entries[i], p.layer, p.popsExtra});
       layer.scene.AddGLShape(p.shape.release());  // the scene owns it now
-      ++shapes_;
     }
   }
 }

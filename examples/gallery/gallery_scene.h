@@ -9,6 +9,9 @@
 #include <vector>
 
 #include "gallery_layout.h"
+#include "gallery_shapes.h"
+
+class CGLObject;
 
 namespace gallery {
 
@@ -23,7 +26,17 @@ class GalleryScene {
   // as it found them.
   void draw();
 
-  std::size_t shapeCount() const { return shapes_; }
+  // Every shape the scenes hold, in the order the entries built them: a viewer picks, selects and
+  // shows them through the scene that owns them.
+  struct Item {
+    CGLObject* shape;
+    CGLScene* scene;
+    std::size_t entry;  // index into catalog()
+    gallery::Layer layer;
+    bool popsExtra;
+  };
+  const std::vector<Item>& items() const { return items_; }
+  std::size_t shapeCount() const { return items_.size(); }
 
  private:
   struct Layer {
@@ -36,7 +49,7 @@ class GalleryScene {
   Layer wire_;
   Layer flat_;
   Layer translucent_;
-  std::size_t shapes_ = 0;
+  std::vector<Item> items_;
 };
 
 }  // namespace gallery

@@ -20,16 +20,22 @@ constexpr GLfloat kFullAmbient[] = {1.0f, 1.0f, 1.0f, 1.0f};
 
 }  // namespace
 
-void setUpView(const Layout& layout) {
+void setUpView(const Layout& layout, const Orbit& orbit) {
   glViewport(0, 0, layout.width(), layout.height());
   glClearColor(kBackground.r / 255.0f, kBackground.g / 255.0f, kBackground.b / 255.0f, 1.0f);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 
   const double distance = layout.worldHeight() / 2 / std::tan(kFieldOfView / 2 * kPi / 180.0);
+  // Facing the camera the shapes stand within 4 units of the z = 0 plane; turned, the world's
+  // corners swing towards and away from it.
+  const double halfDiagonal = std::hypot(layout.worldWidth(), layout.worldHeight()) / 2;
+  const double reach = orbit.turned() ? std::max(4.0, halfDiagonal + 2.0) : 4.0;
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
+  // The zoom scales the picture about its centre, as a longer lens would.
+  glScaled(orbit.zoom, orbit.zoom, 1.0);
   gluPerspective(kFieldOfView, static_cast<double>(layout.width()) / layout.height(),
-                 distance - 4.0, distance + 4.0);
+                 std::max(distance - reach, distance / 20), distance + reach);
   glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
 
@@ -56,6 +62,8 @@ void setUpView(const Layout& layout) {
   glLineWidth(2.0f);
 
   gluLookAt(0.0, 0.0, distance, 0.0, 0.0, 0.0, 0.0, 1.0, 0.0);
+  glRotated(orbit.pitch, 1.0, 0.0, 0.0);
+  glRotated(orbit.yaw, 0.0, 1.0, 0.0);
 }
 
 FlatLighting::FlatLighting() {

@@ -8,10 +8,21 @@
 
 namespace gallery {
 
+// A turn of the camera about the world's centre (degrees: pitch about x, then yaw about y) and a
+// zoom of its lens. The default is the gallery's own view.
+struct Orbit {
+  double yaw = 0.0;
+  double pitch = 0.0;
+  double zoom = 1.0;
+
+  bool turned() const { return yaw != 0.0 || pitch != 0.0; }
+  bool home() const { return !turned() && zoom == 1.0; }
+};
+
 // Clears the picture and sets the state every draw starts from: viewport, a perspective camera
-// whose view of the z = 0 plane is exactly the layout's world, two directional lights, depth test
-// and blending.
-void setUpView(const Layout& layout);
+// whose view of the z = 0 plane is exactly the layout's world (at home), two directional lights,
+// depth test and blending.
+void setUpView(const Layout& layout, const Orbit& orbit = Orbit());
 
 // While alive, lit shapes show their material colour unshaded: line shapes have no normals of
 // their own, so under the lights their shade would depend on whatever normal came last.

@@ -1,55 +1,22 @@
 // Renders the gallery of every shape and variant into a PNG, with no display: see --help.
-#include <GL/gl.h>
-
 #include <cstddef>
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <string>
 #include <system_error>
 #include <vector>
 
-#include "eglfixture/EglContext.h"
+#include <lumagrid/testing/EglContext.h>
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 #include "gallery_options.h"
 #include "gallery_scene.h"
 #include "gallery_view.h"
+#include "gl_errors.h"
 
 namespace {
 
 constexpr int kSamples = 4;
-
-std::string glErrorName(GLenum error) {
-  switch (error) {
-    case GL_INVALID_ENUM:
-      return "GL_INVALID_ENUM";
-    case GL_INVALID_VALUE:
-      return "GL_INVALID_VALUE";
-    case GL_INVALID_OPERATION:
-      return "GL_INVALID_OPERATION";
-    case GL_STACK_OVERFLOW:
-      return "GL_STACK_OVERFLOW";
-    case GL_STACK_UNDERFLOW:
-      return "GL_STACK_UNDERFLOW";
-    case GL_OUT_OF_MEMORY:
-      return "GL_OUT_OF_MEMORY";
-    default: {
-      char buffer[16];
-      std::snprintf(buffer, sizeof buffer, "0x%04X", error);
-      return buffer;
-    }
-  }
-}
-
-// Every error OpenGL has pending, which also clears them.
-std::vector<std::string> pendingGLErrors() {
-  std::vector<std::string> errors;
-  for (GLenum e = glGetError(); e != GL_NO_ERROR && errors.size() < 16; e = glGetError()) {
-    errors.push_back(glErrorName(e));
-  }
-  return errors;
-}
 
 std::string absolute(const std::string& path) {
   std::error_code ec;
@@ -95,7 +62,7 @@ int main(int argc, char** argv) {
     scene.draw();
     gallery::drawLabels(layout, labels);
   }  // the scene's display lists go while the context is still current
-  const std::vector<std::string> glErrors = pendingGLErrors();
+  const std::vector<std::string> glErrors = gallery::pendingGLErrors();
 
   if (!context.savePng(options.out, &error)) {
     std::cerr << program << ": cannot write " << options.out << ": " << error << '\n';

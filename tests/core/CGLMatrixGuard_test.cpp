@@ -14,8 +14,8 @@
 #include <array>
 #include <memory>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
 #include "standin/QuadShape.h"
 

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
 
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "core_probes.h"
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
 
 namespace {

@@ -4,25 +4,8 @@
 #   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] -P consumer_check.cmake
 # LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given.
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
-  if(NOT rc EQUAL 0)
-    message(FATAL_ERROR "command failed (${rc}): ${ARGN}\n${out}\n${err}")
-  endif()
-  set(last_output "${out}" PARENT_SCOPE)
-endfunction()
-
-if(NOT DEFINED LIBDIR)
-  file(STRINGS "${BUILD_DIR}/CMakeCache.txt" libdir_entry REGEX "^CMAKE_INSTALL_LIBDIR:")
-  string(REGEX REPLACE "^[^=]*=" "" LIBDIR "${libdir_entry}")
-endif()
-if(LIBDIR STREQUAL "")
-  message(FATAL_ERROR "no install library folder: pass -DLIBDIR=...")
-endif()
-
-set(prefix "${WORK_DIR}/prefix")
-file(REMOVE_RECURSE "${WORK_DIR}")
-run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
+install_tree()
 
 foreach(f include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
           ${LIBDIR}/cmake/Lumagrid/LumagridConfigVersion.cmake ${LIBDIR}/cmake/Lumagrid/FindGLE.cmake

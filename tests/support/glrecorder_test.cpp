@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 
 namespace {
 

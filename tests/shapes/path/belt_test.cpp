@@ -11,8 +11,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "probes/CountedPoint.h"
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"

@@ -14,8 +14,8 @@
 #include <variant>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "probes/Probe.h"
 #include "probes/VirtualTable.h"
 #include "recorded/LogSlices.h"

@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
 #include "shapes/path/tube.h"
 #include "shapes/path/tube_fill.h"

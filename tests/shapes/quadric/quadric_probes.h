@@ -6,8 +6,8 @@
 #include <lumagrid/CGLObject.h>
 #include <lumagrid/mat4x4.h>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
-#include "glrecorder/Matchers.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"

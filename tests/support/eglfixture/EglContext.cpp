@@ -1,4 +1,4 @@
-#include "eglfixture/EglContext.h"
+#include <lumagrid/testing/EglContext.h>
 
 #include <EGL/egl.h>
 #include <EGL/eglext.h>

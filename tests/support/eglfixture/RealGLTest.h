@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "eglfixture/EglContext.h"
+#include <lumagrid/testing/EglContext.h>
 
 namespace eglfixture {
 

@@ -88,6 +88,7 @@ void Emulator::reset() {
   polygonFront = GL_FILL;
   polygonBack = GL_FILL;
   enabled = {GL_DITHER, GL_MULTISAMPLE};
+  host.reset();
   quadrics.clear();
   nextQuadric = 1;
   newQuadricFails = false;
@@ -422,12 +423,34 @@ void Emulator::ortho(double l, double r, double b, double t, double n, double f)
   multiplyCurrent(m);
 }
 
+void Emulator::frustum(double l, double r, double b, double t, double n, double f) {
+  if (!outsideBeginEnd()) {
+    return;
+  }
+  if (n <= 0.0 || f <= 0.0 || l == r || b == t || n == f) {
+    raise(GL_INVALID_VALUE);
+    return;
+  }
+  Matrix m{};
+  m[0] = 2.0 * n / (r - l);
+  m[5] = 2.0 * n / (t - b);
+  m[8] = (r + l) / (r - l);
+  m[9] = (t + b) / (t - b);
+  m[10] = -(f + n) / (f - n);
+  m[11] = -1.0;
+  m[14] = -2.0 * f * n / (f - n);
+  multiplyCurrent(m);
+}
+
+void Emulator::loadMatrix(const Matrix& m) {
+  if (outsideBeginEnd()) {
+    current() = m;
+  }
+}
+
 // ------------------------------------------------------------------ queries
 
-std::vector<double> Emulator::query(GLenum pname) {
-  if (!outsideBeginEnd()) {
-    return {};
-  }
+std::optional<std::vector<double>> Emulator::value(GLenum pname) const {
   auto matrixOf = [](const MatrixStack& s) {
     return std::vector<double>(s.matrices.back().begin(), s.matrices.back().end());
   };
@@ -436,7 +459,7 @@ std::vector<double> Emulator::query(GLenum pname) {
   };
   switch (pname) {
     case GL_MATRIX_MODE:
-      return {static_cast<double>(matrixMode)};
+      return std::vector<double>{static_cast<double>(matrixMode)};
     case GL_MODELVIEW_MATRIX:
       return matrixOf(modelview);
     case GL_PROJECTION_MATRIX:
@@ -450,29 +473,41 @@ std::vector<double> Emulator::query(GLenum pname) {
     case GL_TEXTURE_STACK_DEPTH:
       return depthOf(texture);
     case GL_MAX_MODELVIEW_STACK_DEPTH:
-      return {static_cast<double>(modelview.maxDepth)};
+      return std::vector<double>{static_cast<double>(modelview.maxDepth)};
     case GL_MAX_PROJECTION_STACK_DEPTH:
-      return {static_cast<double>(projection.maxDepth)};
+      return std::vector<double>{static_cast<double>(projection.maxDepth)};
     case GL_MAX_TEXTURE_STACK_DEPTH:
-      return {static_cast<double>(texture.maxDepth)};
+      return std::vector<double>{static_cast<double>(texture.maxDepth)};
     case GL_LIST_INDEX:
-      return {static_cast<double>(compiling)};
+      return std::vector<double>{static_cast<double>(compiling)};
     case GL_LIST_MODE:
-      return {static_cast<double>(compileMode)};
+      return std::vector<double>{static_cast<double>(compileMode)};
     case GL_MAX_LIST_NESTING:
-      return {static_cast<double>(kMaxListNesting)};
+      return std::vector<double>{static_cast<double>(kMaxListNesting)};
     case GL_CURRENT_COLOR:
-      return {color.begin(), color.end()};
+      return std::vector<double>(color.begin(), color.end());
     case GL_CURRENT_NORMAL:
-      return {normal.begin(), normal.end()};
+      return std::vector<double>(normal.begin(), normal.end());
     case GL_LINE_WIDTH:
-      return {lineWidth};
+      return std::vector<double>{lineWidth};
     case GL_POLYGON_MODE:
-      return {static_cast<double>(polygonFront), static_cast<double>(polygonBack)};
+      return std::vector<double>{static_cast<double>(polygonFront),
+                                 static_cast<double>(polygonBack)};
     default:
-      raise(GL_INVALID_ENUM);
-      return {};
+      return host.value(pname);
   }
+}
+
+std::vector<double> Emulator::query(GLenum pname) {
+  if (!outsideBeginEnd()) {
+    return {};
+  }
+  std::optional<std::vector<double>> values = value(pname);
+  if (!values) {
+    raise(GL_INVALID_ENUM);
+    return {};
+  }
+  return *values;
 }
 
 // ------------------------------------------------------------------ geometry

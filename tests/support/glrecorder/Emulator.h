@@ -1,7 +1,9 @@
 // The state behind the recorder: what the entry points write and Recorder reads. Internal.
 #pragma once
 
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
+
+#include "glrecorder/HostState.h"
 
 #include <functional>
 #include <map>
@@ -85,9 +87,13 @@ class Emulator {
   void rotate(double angleDegrees, double x, double y, double z);
   void scale(double x, double y, double z);
   void ortho(double l, double r, double b, double t, double n, double f);
+  void frustum(double l, double r, double b, double t, double n, double f);
+  void loadMatrix(const Matrix& m);
 
   // glGet*: the values of pname, or nothing (and GL_INVALID_ENUM) for an unknown one.
   std::vector<double> query(GLenum pname);
+  // The same without the side effects of a call: nothing for an unknown pname.
+  std::optional<std::vector<double>> value(GLenum pname) const;
 
   // Immediate-mode geometry.
   void begin(GLenum mode);
@@ -130,6 +136,7 @@ class Emulator {
   GLenum polygonFront = GL_FILL;
   GLenum polygonBack = GL_FILL;
   std::set<GLenum> enabled;
+  HostState host;
 
   std::unordered_map<const void*, QuadricState> quadrics;
   int nextQuadric = 1;

@@ -1,5 +1,6 @@
-// The GL, GLU and GLE entry points, defined with C linkage inside extern "C" so that the
-// compiler holds each definition to the prototype in the system header.
+// The GL, GLU and GLE entry points the library calls (a host's others: EntryPointsHost.cpp),
+// defined with C linkage inside extern "C" so that the compiler holds each definition to the
+// prototype in the system header.
 //
 // Adding an entry point: one definition below, recording through E().command (a GL command that
 // display lists capture; the lambda is what it does when executed) or E().immediate (a query or
@@ -13,38 +14,28 @@
 #include <cmath>
 #include <optional>
 
-#include "glrecorder/Emulator.h"
+#include "glrecorder/EntryPointSupport.h"
 
 namespace {
 
 using glrec::Arg;
 using glrec::en;
 using glrec::Null;
+using glrec::detail::args;
+using glrec::detail::doublesOrNull;
+using glrec::detail::E;
 using glrec::detail::Emulator;
-
-Emulator& E() {
-  return glrec::detail::emulator();
-}
+using glrec::detail::floatsOrNull;
+using glrec::detail::matrixFrom;
+using glrec::detail::setColor;
+using glrec::detail::valuesAt;
 
 Arg quad(const GLUquadric* handle) {
   return E().quadricArg(handle);
 }
 
-template <class... A>
-std::vector<Arg> args(const A&... values) {
-  return {glrec::toArg(values)...};
-}
-
 std::size_t count(int n, int width) {
   return n > 0 ? static_cast<std::size_t>(n * width) : 0;
-}
-
-Arg doublesOrNull(const double* values, std::size_t n, int width = 0) {
-  return values != nullptr ? Arg(glrec::doubles(values, n, width)) : Arg(Null{});
-}
-
-Arg floatsOrNull(const float* values, std::size_t n, int width = 0) {
-  return values != nullptr ? Arg(glrec::floats(values, n, width)) : Arg(Null{});
 }
 
 Arg affine(gleDouble xform[2][3]) {
@@ -66,15 +57,6 @@ Arg colors(int n, gleColor array[]) {
 // Geometry that GLU and GLE emit with glBegin/glEnd.
 void emitsGeometry(Emulator& e) {
   e.outsideBeginEnd();
-}
-
-std::optional<glrec::Matrix> matrixFrom(const GLdouble* m) {
-  if (m == nullptr) {
-    return std::nullopt;
-  }
-  glrec::Matrix out;
-  std::copy(m, m + 16, out.begin());
-  return out;
 }
 
 std::size_t materialValues(GLenum pname) {
@@ -119,28 +101,11 @@ void setMaterial(Emulator& e, GLenum face, GLenum pname, const std::vector<float
   }
 }
 
-// The three (or four) values at v, for the vector forms; nothing for a null pointer.
-template <class T>
-std::optional<std::array<double, 4>> valuesAt(const T* v, std::size_t n) {
-  if (v == nullptr) {
-    return std::nullopt;
-  }
-  std::array<double, 4> out{0.0, 0.0, 0.0, 1.0};
-  std::copy(v, v + n, out.begin());
-  return out;
-}
-
 void setNormal(Emulator& e, const std::optional<std::array<double, 4>>& n) {
   if (n) {
     // GL keeps the current normal in single precision.
     e.normal = {static_cast<float>((*n)[0]), static_cast<float>((*n)[1]),
                 static_cast<float>((*n)[2])};
-  }
-}
-
-void setColor(Emulator& e, const std::optional<std::array<double, 4>>& c) {
-  if (c) {
-    e.color = *c;
   }
 }
 
@@ -186,25 +151,6 @@ void setQuadric(const GLUquadric* q, GLenum glrec::detail::QuadricState::*field,
       state->*field = value;
     }
   }
-}
-
-template <class T>
-void get(GLenum pname, T* params) {
-  const std::vector<double> values = E().query(pname);
-  glrec::Array<double> written;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    double v = values[i];
-    if constexpr (std::is_integral_v<T>) {
-      // Rounded and clamped, so that no value makes the conversion undefined.
-      v = std::isnan(v) ? 0.0 : std::nearbyint(std::clamp(v, -2147483648.0, 2147483647.0));
-    }
-    if (params != nullptr) {
-      params[i] = static_cast<T>(v);
-    }
-    written.values.push_back(v);
-  }
-  E().immediate(std::is_integral_v<T> ? "glGetIntegerv" : "glGetDoublev", args(en(pname)),
-                Arg(written));
 }
 
 }  // namespace
@@ -266,11 +212,11 @@ void GLAPIENTRY glScalef(GLfloat x, GLfloat y, GLfloat z) {
 // ------------------------------------------------------------------ GL: queries
 
 void GLAPIENTRY glGetDoublev(GLenum pname, GLdouble* params) {
-  get(pname, params);
+  glrec::detail::get("glGetDoublev", pname, params);
 }
 
 void GLAPIENTRY glGetIntegerv(GLenum pname, GLint* params) {
-  get(pname, params);
+  glrec::detail::get("glGetIntegerv", pname, params);
 }
 
 GLenum GLAPIENTRY glGetError(void) {

@@ -1,5 +1,5 @@
 // Text of recorded calls, expected lines and diffs.
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 
 #include "glrecorder/Emulator.h"
 

@@ -1,4 +1,4 @@
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 
 #include "glrecorder/Emulator.h"
 
@@ -188,6 +188,14 @@ std::array<float, 4> Recorder::material(GLenum face, GLenum pname) const {
 
 float Recorder::lineWidth() const {
   return E().lineWidth;
+}
+
+std::vector<double> Recorder::get(GLenum pname) const {
+  return E().value(pname).value_or(std::vector<double>{});
+}
+
+std::array<float, 4> Recorder::light(GLenum light, GLenum pname) const {
+  return E().host.light(light, pname);
 }
 
 GLenum Recorder::polygonMode(GLenum face) const {

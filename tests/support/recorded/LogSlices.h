@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 
 // Parts of the recorded log that tests compare whole.
 

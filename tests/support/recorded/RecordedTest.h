@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 
 // Back to a fresh recorded context and the stock tessellation defaults, and
 // back to the defaults again afterwards, so that no test leaks them.

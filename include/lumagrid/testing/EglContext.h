@@ -1,7 +1,15 @@
-// A headless OpenGL compatibility context for tests that draw for real: EGL on Mesa's
-// surfaceless platform (no X, no Wayland, no GPU needed), llvmpipe, rendering into a framebuffer
-// object. GL calls made through libGL (GLVND) by the test or by any library it links reach this
-// context once it is current.
+// A headless OpenGL compatibility context for tests and batch jobs that draw for real: EGL on
+// Mesa's surfaceless platform (no X, no Wayland, no GPU needed), llvmpipe, rendering into a
+// framebuffer object with a depth buffer. GL calls made through libGL (GLVND) by the program or by
+// any library it links reach this context once it is current.
+//
+//   find_package(Lumagrid REQUIRED COMPONENTS headless)
+//   target_link_libraries(render_job PRIVATE Lumagrid::lumagrid Lumagrid::headless)
+//
+//   eglfixture::EglContext gl(512, 512);  // current, in the state applyDefaultState() sets
+//   if (!gl.ok()) { std::cerr << gl.error() << '\n'; return 1; }
+//   scene.DrawGLShapes();
+//   gl.savePng("scene.png");
 #pragma once
 
 #include <cstddef>

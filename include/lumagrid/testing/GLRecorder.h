@@ -1,9 +1,24 @@
-// A recording test double for the OpenGL 1.1, GLU and GLE entry points that Lumagrid calls.
+// A recording test double for OpenGL 1.1, GLU and GLE: draw code runs without a GPU, a display
+// or a context, and a test asserts what it called.
 //
-// Link lumagrid_glrecorder instead of libGL, libGLU and libgle: every entry point is then
-// recorded, in order, with its arguments, and the state that callers read back (display-list
-// names, the matrix stacks, GL errors, GLE's settings) is emulated. Tests inspect the record
-// through glrec::recorder().
+//   find_package(Lumagrid REQUIRED COMPONENTS glrecorder)
+//   target_link_libraries(my_test PRIVATE my_drawing_code Lumagrid::lumagrid
+//                         Lumagrid::glrecorder GTest::gmock_main)
+//
+// Link Lumagrid::glrecorder instead of libGL, libGLU and libgle (never beside OpenGL::GL): it
+// defines, with C linkage, every entry point Lumagrid calls and the ones a host commonly calls
+// around a draw. Each call is recorded in order with its arguments, and what a caller reads back
+// is emulated: display-list names and contents, glIsList, the three matrix stacks and their
+// depths, glGet* of the state the double tracks, GL errors, GLE's join style and number of sides.
+// An entry point the double does not define is left undefined, so a program that calls one fails
+// to link with "undefined reference to `glXxx'" rather than reaching a real GL with no context.
+//
+//   glrec::recorder().reset();                  // before constructing the objects under test
+//   drawMyScene();
+//   EXPECT_EQ(glrec::recorder().count("glCallList"), 2u);
+//   EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
+//
+// One recorder per process; not thread-safe (GL code runs on one thread).
 #pragma once
 
 #include <GL/gl.h>
@@ -290,6 +305,14 @@ class Recorder {
   std::array<float, 3> currentNormal() const;
   std::array<float, 4> material(GLenum face, GLenum pname) const;  // GL_FRONT or GL_BACK
   float lineWidth() const;
+  // What glGetDoublev(pname) would write, without recording a call or raising an error: every
+  // pname listed for glGet* (matrices, depths, viewport, clear values, blend factors, depth
+  // mask...). Empty for a pname the double does not know.
+  std::vector<double> get(GLenum pname) const;
+  // A light's parameter as glLightfv set it (GL's default otherwise). GL_POSITION and
+  // GL_SPOT_DIRECTION are in eye coordinates: transformed by the modelview matrix in force when
+  // they were set.
+  std::array<float, 4> light(GLenum light, GLenum pname) const;
   // glPolygonMode of GL_FRONT or GL_BACK (GL_FILL until set).
   GLenum polygonMode(GLenum face) const;
   const std::vector<Primitive>& primitives() const;

@@ -1,4 +1,4 @@
-// gmock matchers for recorded logs. Header-only; needs gmock.
+// gmock matchers for the recorder's logs (GLRecorder.h). Header-only; the test links gmock.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "glrecorder/GLRecorder.h"
+#include <lumagrid/testing/GLRecorder.h>
 
 namespace glrec {
 

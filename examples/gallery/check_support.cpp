@@ -1,0 +1,151 @@
+#include "check_support.h"
+
+#include <png.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <iostream>
+#include <set>
+
+#include "gallery_catalog.h"
+
+extern char** environ;
+
+namespace gallery::check {
+namespace {
+
+int g_failures = 0;
+
+}  // namespace
+
+void check(bool ok, const std::string& what) {
+  std::cout << (ok ? "ok:   " : "FAIL: ") << what << '\n';
+  g_failures += ok ? 0 : 1;
+}
+
+int failures() {
+  return g_failures;
+}
+
+int run(const std::vector<std::string>& args, const std::vector<std::string>& extraEnv,
+        std::string* out) {
+  std::vector<char*> argv;
+  for (const std::string& a : args) {
+    argv.push_back(const_cast<char*>(a.c_str()));
+  }
+  argv.push_back(nullptr);
+  std::vector<std::string> envStrings(extraEnv);
+  for (char** e = environ; *e != nullptr; ++e) {
+    envStrings.emplace_back(*e);
+  }
+  std::vector<char*> envp;
+  for (const std::string& e : envStrings) {
+    envp.push_back(const_cast<char*>(e.c_str()));
+  }
+  envp.push_back(nullptr);
+
+  int pipeFds[2] = {-1, -1};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (out != nullptr) {
+    if (pipe(pipeFds) != 0) {
+      posix_spawn_file_actions_destroy(&actions);
+      return -1;
+    }
+    posix_spawn_file_actions_adddup2(&actions, pipeFds[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addclose(&actions, pipeFds[0]);
+    posix_spawn_file_actions_addclose(&actions, pipeFds[1]);
+  }
+  pid_t pid = 0;
+  const int spawned = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
+  posix_spawn_file_actions_destroy(&actions);
+  if (out != nullptr) {
+    close(pipeFds[1]);
+  }
+  if (spawned != 0) {
+    std::cout << "cannot start " << args[0] << ": " << std::strerror(spawned) << '\n';
+    if (out != nullptr) {
+      close(pipeFds[0]);
+    }
+    return -1;
+  }
+  if (out != nullptr) {
+    char buffer[4096];
+    for (;;) {
+      const ssize_t n = read(pipeFds[0], buffer, sizeof buffer);
+      if (n > 0) {
+        out->append(buffer, static_cast<std::size_t>(n));
+      } else if (n == 0 || errno != EINTR) {
+        break;
+      }
+    }
+    close(pipeFds[0]);
+  }
+  int status = 0;
+  while (waitpid(pid, &status, 0) < 0) {
+    if (errno != EINTR) {
+      return -1;
+    }
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool readPng(const std::string& path, Image* image) {
+  png_image png;
+  std::memset(&png, 0, sizeof png);
+  png.version = PNG_IMAGE_VERSION;
+  if (png_image_begin_read_from_file(&png, path.c_str()) == 0) {
+    std::cout << "libpng: " << png.message << '\n';
+    return false;
+  }
+  png.format = PNG_FORMAT_RGBA;
+  image->width = static_cast<int>(png.width);
+  image->height = static_cast<int>(png.height);
+  image->rgba.assign(PNG_IMAGE_SIZE(png), 0);
+  if (png_image_finish_read(&png, nullptr, image->rgba.data(), 0, nullptr) == 0) {
+    std::cout << "libpng: " << png.message << '\n';
+    png_image_free(&png);
+    return false;
+  }
+  return true;
+}
+
+bool isBackground(const std::uint8_t* p) {
+  const Rgb8 bg = kBackground;
+  return std::abs(p[0] - bg.r) + std::abs(p[1] - bg.g) + std::abs(p[2] - bg.b) <= 24;
+}
+
+bool isHighlight(const std::uint8_t* p) {
+  const Rgb8 hl = kHighlight;
+  auto near = [](int channel, int wanted) { return wanted == 0 ? channel <= 40 : channel >= 100; };
+  return near(p[0], hl.r) && near(p[1], hl.g) && near(p[2], hl.b);
+}
+
+std::size_t distinctColours(const Image& image) {
+  std::set<std::uint32_t> colours;
+  for (std::size_t i = 0; i + 3 < image.rgba.size(); i += 4) {
+    colours.insert(static_cast<std::uint32_t>(image.rgba[i]) << 16 |
+                   static_cast<std::uint32_t>(image.rgba[i + 1]) << 8 | image.rgba[i + 2]);
+  }
+  return colours.size();
+}
+
+std::string temporaryPng(const std::string& stem) {
+  std::string pattern =
+      (std::filesystem::temp_directory_path() / ("lumagrid-" + stem + "-XXXXXX.png")).string();
+  std::vector<char> buffer(pattern.begin(), pattern.end());
+  buffer.push_back('\0');
+  const int fd = mkstemps(buffer.data(), 4);
+  if (fd < 0) {
+    return "";
+  }
+  close(fd);
+  return buffer.data();
+}
+
+}  // namespace gallery::check

@@ -1,0 +1,58 @@
+// What the example programs' checks share: running a program, reading its PNG, classifying pixels
+// against the gallery's colours, and counting results.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "gallery_layout.h"
+
+namespace gallery::check {
+
+// Prints "ok:" or "FAIL:" and what, and counts the failures.
+void check(bool ok, const std::string& what);
+int failures();
+
+// Runs args[0] with args and the environment plus extraEnv. Exit status, or -1 when it did not
+// exit normally (a crash) or could not start. When out is given, it receives the standard output.
+int run(const std::vector<std::string>& args, const std::vector<std::string>& extraEnv = {},
+        std::string* out = nullptr);
+
+struct Image {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> rgba;  // top row first
+
+  const std::uint8_t* at(int x, int y) const {
+    return &rgba[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(x)) *
+                 4];
+  }
+};
+
+bool readPng(const std::string& path, Image* image);
+
+// The gallery's background, give or take the rasteriser's rounding.
+bool isBackground(const std::uint8_t* p);
+// The highlight colour under the lights: its hue, any brightness.
+bool isHighlight(const std::uint8_t* p);
+
+template <class Predicate>
+std::size_t count(const Image& image, const Rect& r, Predicate predicate) {
+  std::size_t n = 0;
+  for (int y = r.y; y < r.y + r.height; ++y) {
+    for (int x = r.x; x < r.x + r.width; ++x) {
+      n += predicate(image.at(x, y)) ? 1 : 0;
+    }
+  }
+  return n;
+}
+
+std::size_t distinctColours(const Image& image);
+
+// A new empty file named like lumagrid-STEM-XXXXXX.png in the temporary folder, or "".
+std::string temporaryPng(const std::string& stem);
+
+}  // namespace gallery::check

@@ -1,0 +1,263 @@
+// Shows the gallery's scene in a window, lit, to orbit, zoom and pick shapes in: see --help.
+#include <GL/freeglut.h>
+
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "gl_errors.h"
+#include "screenshot.h"
+#include "viewer.h"
+#include "viewer_options.h"
+
+namespace {
+
+const char* const kProgram = "lumagrid-viewer";
+constexpr double kDegreesPerPixel = 0.4;
+constexpr double kZoomPerPixel = 0.01;
+constexpr double kZoomStep = 1.15;
+// A press and release this close together is a click, not a drag.
+constexpr int kClickSlop = 3;
+constexpr unsigned char kEscape = 27;
+
+struct App {
+  viewer::Options options;
+  std::unique_ptr<viewer::Viewer> viewer;
+  int frame = 0;
+  bool glError = false;
+  int button = -1;
+  int pressX = 0;
+  int pressY = 0;
+  int lastX = 0;
+  int lastY = 0;
+  bool dragged = false;
+};
+
+// GLUT's callbacks carry no user data.
+App* g_app = nullptr;
+
+void showSelection(bool print) {
+  const std::string text = g_app->viewer->selectionText();
+  glutSetWindowTitle(("Lumagrid viewer: " + text).c_str());
+  if (print) {
+    std::cout << "picked: " << text << std::endl;
+  }
+}
+
+// Ends the program; the scene's display lists go first, while the context is current. It exits
+// from here rather than from the main loop: freeglut's shutdown closes the display, and Mesa then
+// unloads its driver, leaving LeakSanitizer no names for what the driver keeps until exit.
+[[noreturn]] void finish(int code) {
+  g_app->viewer.reset();
+  std::exit(code);
+}
+
+void onKey(unsigned char key, int x, int y);
+
+void onDisplay() {
+  App& app = *g_app;
+  if (!app.viewer) {
+    return;
+  }
+  if (app.frame == 0 && app.options.click) {
+    app.viewer->click(app.options.click->x, app.options.click->y);
+    showSelection(true);
+  }
+  if (app.frame == 0) {
+    for (const char key : app.options.keys) {
+      onKey(static_cast<unsigned char>(key), 0, 0);
+    }
+  }
+  app.viewer->draw();
+  ++app.frame;
+  const std::vector<std::string> errors = gallery::pendingGLErrors();
+  if (!errors.empty()) {
+    app.glError = true;
+    std::cerr << kProgram << ": OpenGL reported";
+    for (const std::string& e : errors) {
+      std::cerr << ' ' << e;
+    }
+    std::cerr << " in frame " << app.frame << '\n';
+  }
+  if (app.options.frames > 0 && app.frame >= app.options.frames) {
+    int code = app.glError ? 3 : 0;
+    if (!app.options.screenshot.empty()) {
+      std::string error;
+      if (viewer::saveScreenshot(app.options.screenshot, app.viewer->width(), app.viewer->height(),
+                                 &error)) {
+        std::cout << "viewer: " << app.options.screenshot << " (" << app.viewer->width() << 'x'
+                  << app.viewer->height() << ", after " << app.frame << " frames)\n";
+      } else {
+        std::cerr << kProgram << ": cannot write " << app.options.screenshot << ": " << error
+                  << '\n';
+        code = 1;
+      }
+    }
+    finish(code);
+  }
+  glutSwapBuffers();
+  if (app.options.frames > 0) {
+    glutPostRedisplay();
+  }
+}
+
+void onReshape(int width, int height) {
+  if (g_app->viewer && width > 0 && height > 0) {
+    g_app->viewer->resize(width, height);
+  }
+  glutPostRedisplay();
+}
+
+void onWheel(int /*wheel*/, int direction, int /*x*/, int /*y*/) {
+  if (g_app->viewer) {
+    g_app->viewer->zoom(direction > 0 ? kZoomStep : 1.0 / kZoomStep);
+    glutPostRedisplay();
+  }
+}
+
+void onMouse(int button, int state, int x, int y) {
+  App& app = *g_app;
+  if (!app.viewer) {
+    return;
+  }
+  // Buttons 3 and 4 are the wheel when no wheel callback takes it.
+  if (button == 3 || button == 4) {
+    if (state == GLUT_DOWN) {
+      onWheel(0, button == 3 ? 1 : -1, x, y);
+    }
+    return;
+  }
+  if (state == GLUT_DOWN) {
+    app.button = button;
+    app.pressX = app.lastX = x;
+    app.pressY = app.lastY = y;
+    app.dragged = false;
+    return;
+  }
+  if (button == GLUT_LEFT_BUTTON && app.button == GLUT_LEFT_BUTTON && !app.dragged) {
+    app.viewer->click(x, y);
+    showSelection(true);
+  }
+  app.button = -1;
+  glutPostRedisplay();
+}
+
+void onMotion(int x, int y) {
+  App& app = *g_app;
+  if (!app.viewer || app.button < 0) {
+    return;
+  }
+  if (std::abs(x - app.pressX) > kClickSlop || std::abs(y - app.pressY) > kClickSlop) {
+    app.dragged = true;
+  }
+  if (!app.dragged) {
+    return;
+  }
+  const int dx = x - app.lastX;
+  const int dy = y - app.lastY;
+  app.lastX = x;
+  app.lastY = y;
+  if (app.button == GLUT_LEFT_BUTTON) {
+    app.viewer->turn(dx * kDegreesPerPixel, dy * kDegreesPerPixel);
+  } else if (app.button == GLUT_RIGHT_BUTTON) {
+    app.viewer->zoom(std::exp(-dy * kZoomPerPixel));
+  }
+  glutPostRedisplay();
+}
+
+void onKey(unsigned char key, int /*x*/, int /*y*/) {
+  App& app = *g_app;
+  if (!app.viewer) {
+    return;
+  }
+  switch (key) {
+    case 'r':
+      app.viewer->resetView();
+      break;
+    case '+':
+    case '=':
+      app.viewer->zoom(kZoomStep);
+      break;
+    case '-':
+      app.viewer->zoom(1.0 / kZoomStep);
+      break;
+    case 'w':
+      app.viewer->toggleWireframe();
+      break;
+    case 'v':
+      app.viewer->toggleSelectedVisible();
+      showSelection(false);
+      break;
+    case 't':
+      app.viewer->toggleSelectedTranslucent();
+      showSelection(false);
+      break;
+    case 'h':
+      std::cout << viewer::keyList() << std::flush;
+      break;
+    case 'q':
+    case kEscape:
+      finish(0);
+    default:
+      return;
+  }
+  glutPostRedisplay();
+}
+
+// The window is going: its context is still current here.
+void onClose() {
+  finish(0);
+}
+
+// No display, no GLX visual: freeglut would exit 1, which reads as a bad command line.
+void onGlutError(const char* format, va_list args) {
+  std::fprintf(stderr, "%s: ", kProgram);
+  std::vfprintf(stderr, format, args);
+  std::fprintf(stderr, " (the viewer needs a display, e.g. xvfb-run)\n");
+  std::exit(2);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  App app;
+  std::string error;
+  if (!viewer::parseOptions(argc, argv, &app.options, &error)) {
+    std::cerr << kProgram << ": " << error << '\n';
+    return 1;
+  }
+  if (app.options.help) {
+    std::cout << viewer::usage(kProgram);
+    return 0;
+  }
+
+  // GLUT sees no argument of ours: they are not X options.
+  int glutArgc = 1;
+  char* glutArgv[] = {argv[0], nullptr};
+  glutInitErrorFunc(onGlutError);
+  glutInit(&glutArgc, glutArgv);
+  glutInitDisplayMode(GLUT_DOUBLE | GLUT_RGB | GLUT_DEPTH);
+  glutInitWindowSize(app.options.width, app.options.height);
+  glutCreateWindow("Lumagrid viewer");
+
+  g_app = &app;
+  app.viewer = std::make_unique<viewer::Viewer>(app.options.width, app.options.height);
+  showSelection(false);
+  glutDisplayFunc(onDisplay);
+  glutReshapeFunc(onReshape);
+  glutMouseFunc(onMouse);
+  glutMotionFunc(onMotion);
+  glutMouseWheelFunc(onWheel);
+  glutKeyboardFunc(onKey);
+  glutCloseFunc(onClose);
+  if (app.options.frames == 0) {
+    std::cout << "Lumagrid viewer: click a shape to select it; h prints the keys.\n";
+  }
+  glutMainLoop();  // never returns: every way out goes through finish()
+  return 0;
+}

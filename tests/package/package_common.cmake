@@ -1,0 +1,26 @@
+# Shared by the package checks: run() and install_tree().
+
+# Runs a command; fails the check with its output when it fails. Its stdout is left in
+# last_output.
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "command failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+  set(last_output "${out}" PARENT_SCOPE)
+endfunction()
+
+# Installs BUILD_DIR into a fresh ${WORK_DIR}/prefix, sets prefix, and LIBDIR when not given
+# (the build's CMAKE_INSTALL_LIBDIR, read from its cache).
+macro(install_tree)
+  if(NOT DEFINED LIBDIR)
+    file(STRINGS "${BUILD_DIR}/CMakeCache.txt" libdir_entry REGEX "^CMAKE_INSTALL_LIBDIR:")
+    string(REGEX REPLACE "^[^=]*=" "" LIBDIR "${libdir_entry}")
+  endif()
+  if(LIBDIR STREQUAL "")
+    message(FATAL_ERROR "no install library folder: pass -DLIBDIR=...")
+  endif()
+  set(prefix "${WORK_DIR}/prefix")
+  file(REMOVE_RECURSE "${WORK_DIR}")
+  run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+endmacro()
