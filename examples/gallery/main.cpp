@@ -7,12 +7,13 @@
 #include <vector>
 
 #include <lumagrid/testing/EglContext.h>
+#include <lumagrid/testing/GLErrors.h>
+
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 #include "gallery_options.h"
 #include "gallery_scene.h"
 #include "gallery_view.h"
-#include "gl_errors.h"
 
 namespace {
 
@@ -62,7 +63,7 @@ int main(int argc, char** argv) {
     scene.draw();
     gallery::drawLabels(layout, labels);
   }  // the scene's display lists go while the context is still current
-  const std::vector<std::string> glErrors = gallery::pendingGLErrors();
+  const std::vector<std::string> glErrors = eglfixture::pendingGLErrors();
 
   if (!context.savePng(options.out, &error)) {
     std::cerr << program << ": cannot write " << options.out << ": " << error << '\n';

@@ -1,4 +1,6 @@
 // Shows the gallery's scene in a window, lit, to orbit, zoom and pick shapes in: see --help.
+#include <lumagrid/testing/GLErrors.h>
+
 #include <GL/freeglut.h>
 
 #include <cmath>
@@ -10,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "gl_errors.h"
 #include "screenshot.h"
 #include "viewer.h"
 #include "viewer_options.h"
@@ -75,7 +76,7 @@ void onDisplay() {
   }
   app.viewer->draw();
   ++app.frame;
-  const std::vector<std::string> errors = gallery::pendingGLErrors();
+  const std::vector<std::string> errors = eglfixture::pendingGLErrors();
   if (!errors.empty()) {
     app.glError = true;
     std::cerr << kProgram << ": OpenGL reported";

@@ -1,10 +1,10 @@
 #include <lumagrid/testing/EglContext.h>
+#include <lumagrid/testing/PngFile.h>
 
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <GL/gl.h>
 #include <GL/glext.h>
-#include <png.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -344,22 +344,8 @@ std::size_t EglContext::countPixels(const std::function<bool(const Rgba&)>& pred
 
 bool EglContext::savePng(const std::string& path, std::string* why) const {
   const std::vector<Rgba> pixels = readPixels();
-  png_image image;
-  std::memset(&image, 0, sizeof image);
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width_);
-  image.height = static_cast<png_uint_32>(height_);
-  image.format = PNG_FORMAT_RGBA;
-  // A negative stride writes the bottom-up GL rows top row first.
-  const png_int_32 stride = -static_cast<png_int_32>(width_ * 4);
-  if (png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), stride, nullptr) == 0) {
-    if (why != nullptr) {
-      *why = std::string("libpng: ") + image.message;
-    }
-    png_image_free(&image);
-    return false;
-  }
-  return true;
+  return writePng(path, width_, height_, 4, reinterpret_cast<const unsigned char*>(pixels.data()),
+                  why);
 }
 
 std::string EglContext::renderer() {

@@ -1,5 +1,7 @@
 #include "eglfixture/RealGLTest.h"
 
+#include <lumagrid/testing/GLErrors.h>
+
 #include <GL/gl.h>
 
 #include <cstdio>
@@ -8,31 +10,6 @@
 #include <system_error>
 
 namespace eglfixture {
-namespace {
-
-std::string errorText(GLenum error) {
-  switch (error) {
-    case GL_INVALID_ENUM:
-      return "GL_INVALID_ENUM";
-    case GL_INVALID_VALUE:
-      return "GL_INVALID_VALUE";
-    case GL_INVALID_OPERATION:
-      return "GL_INVALID_OPERATION";
-    case GL_STACK_OVERFLOW:
-      return "GL_STACK_OVERFLOW";
-    case GL_STACK_UNDERFLOW:
-      return "GL_STACK_UNDERFLOW";
-    case GL_OUT_OF_MEMORY:
-      return "GL_OUT_OF_MEMORY";
-    default: {
-      char buffer[16];
-      std::snprintf(buffer, sizeof buffer, "0x%04X", error);
-      return buffer;
-    }
-  }
-}
-
-}  // namespace
 
 void RealGLTest::SetUp() {
   context_ = std::make_unique<EglContext>(framebufferWidth(), framebufferHeight());
@@ -53,13 +30,8 @@ std::size_t RealGLTest::countDrawnPixels() const {
 
 ::testing::AssertionResult RealGLTest::noGLError() {
   std::string pending;
-  // A context keeps at most one flag per error code.
-  for (int i = 0; i < 16; ++i) {
-    const GLenum error = glGetError();
-    if (error == GL_NO_ERROR) {
-      break;
-    }
-    pending += (pending.empty() ? "" : ", ") + errorText(error);
+  for (const std::string& name : pendingGLErrors()) {
+    pending += (pending.empty() ? "" : ", ") + name;
   }
   if (pending.empty()) {
     return ::testing::AssertionSuccess();

@@ -1,13 +1,12 @@
-#include "gl_errors.h"
+#include <lumagrid/testing/GLErrors.h>
 
 #include <GL/gl.h>
 
 #include <cstdio>
 
-namespace gallery {
-namespace {
+namespace eglfixture {
 
-std::string glErrorName(GLenum error) {
+std::string glErrorName(unsigned int error) {
   switch (error) {
     case GL_INVALID_ENUM:
       return "GL_INVALID_ENUM";
@@ -29,8 +28,6 @@ std::string glErrorName(GLenum error) {
   }
 }
 
-}  // namespace
-
 std::vector<std::string> pendingGLErrors() {
   std::vector<std::string> errors;
   for (GLenum e = glGetError(); e != GL_NO_ERROR && errors.size() < 16; e = glGetError()) {
@@ -39,4 +36,4 @@ std::vector<std::string> pendingGLErrors() {
   return errors;
 }
 
-}  // namespace gallery
+}  // namespace eglfixture
