@@ -1,6 +1,18 @@
 #include "core/CGLShapeMap.h"
 
-CGLShapeMap::CGLShapeMap() : m_apBuckets{}, m_pFree(nullptr), m_pBlocks(nullptr), m_nCount(0) {}
+namespace {
+
+constexpr std::size_t kMinIndexSlots = 16;
+
+}  // namespace
+
+CGLShapeMap::CGLShapeMap()
+    : m_apBuckets{},
+      m_pFree(nullptr),
+      m_pBlocks(nullptr),
+      m_nCount(0),
+      m_nIndexMask(0),
+      m_nIndexShift(64) {}
 
 CGLShapeMap::~CGLShapeMap() {
   RemoveAll();
@@ -35,47 +47,117 @@ CGLShapeMap::Entry* CGLShapeMap::NewEntry() {
   return e;
 }
 
-void CGLShapeMap::SetAt(std::uint64_t key, CGLObject* value) {
-  const std::uint32_t hash = Hash(key);
-  Entry*& head = m_apBuckets[hash % kBuckets];
-  for (Entry* e = head; e != nullptr; e = e->pNext) {
-    if (e->nHash == hash && e->nKey == key) {
-      e->pValue = value;
-      return;
+void CGLShapeMap::Unlink(Entry* e) {
+  *e->ppPrev = e->pNext;
+  if (e->pNext != nullptr) {
+    e->pNext->ppPrev = e->ppPrev;
+  }
+}
+
+// Fibonacci hashing: addresses share their low bits and come in strides;
+// the product's top bits spread them evenly.
+std::size_t CGLShapeMap::Home(std::uint64_t key) const {
+  return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ull) >> m_nIndexShift);
+}
+
+CGLShapeMap::Slot* CGLShapeMap::FindSlot(std::uint64_t key) const {
+  if (m_nCount == 0) {
+    return nullptr;
+  }
+  for (std::size_t i = Home(key);; i = (i + 1) & m_nIndexMask) {
+    Slot* slot = &m_pIndex[i];
+    if (slot->pEntry == nullptr) {
+      return nullptr;
+    }
+    if (slot->nKey == key) {
+      return slot;
     }
   }
+}
+
+void CGLShapeMap::ReserveIndex(std::size_t count) {
+  const std::size_t capacity = GetIndexCapacity();
+  if (count <= capacity / 2) {
+    return;
+  }
+  const std::size_t grown = capacity == 0 ? kMinIndexSlots : capacity * 2;
+  std::unique_ptr<Slot[]> old(new Slot[grown]());
+  old.swap(m_pIndex);
+  m_nIndexMask = grown - 1;
+  m_nIndexShift = 64;
+  for (std::size_t n = grown; n > 1; n >>= 1) {
+    --m_nIndexShift;
+  }
+  for (std::size_t i = 0; i < capacity; ++i) {
+    if (old[i].pEntry != nullptr) {
+      PlaceInIndex(old[i].nKey, old[i].pEntry);
+    }
+  }
+}
+
+void CGLShapeMap::PlaceInIndex(std::uint64_t key, Entry* e) {
+  std::size_t i = Home(key);
+  while (m_pIndex[i].pEntry != nullptr) {
+    i = (i + 1) & m_nIndexMask;
+  }
+  m_pIndex[i] = Slot{key, e};
+}
+
+void CGLShapeMap::EraseFromIndex(Slot* slot) {
+  auto hole = static_cast<std::size_t>(slot - m_pIndex.get());
+  for (std::size_t j = (hole + 1) & m_nIndexMask; m_pIndex[j].pEntry != nullptr;
+       j = (j + 1) & m_nIndexMask) {
+    // The key at j may fill the hole when the hole lies between its home and j.
+    const std::size_t fromHome = (j - Home(m_pIndex[j].nKey)) & m_nIndexMask;
+    if (fromHome >= ((j - hole) & m_nIndexMask)) {
+      m_pIndex[hole] = m_pIndex[j];
+      hole = j;
+    }
+  }
+  m_pIndex[hole] = Slot{0, nullptr};
+}
+
+void CGLShapeMap::SetAt(std::uint64_t key, CGLObject* value) {
+  if (Slot* slot = FindSlot(key)) {
+    slot->pEntry->pValue = value;
+    return;
+  }
+  // Both allocations come before any link is changed, so a throw leaves the
+  // map as it was.
+  ReserveIndex(m_nCount + 1);
   Entry* e = NewEntry();
+  const std::uint32_t hash = Hash(key);
+  Entry*& head = m_apBuckets[hash % kBuckets];
   e->nHash = hash;
   e->nKey = key;
   e->pValue = value;
   e->pNext = head;
+  e->ppPrev = &head;
+  if (head != nullptr) {
+    head->ppPrev = &e->pNext;
+  }
   head = e;
+  PlaceInIndex(key, e);
   ++m_nCount;
 }
 
 CGLObject** CGLShapeMap::Lookup(std::uint64_t key) {
-  const std::uint32_t hash = Hash(key);
-  for (Entry* e = m_apBuckets[hash % kBuckets]; e != nullptr; e = e->pNext) {
-    if (e->nHash == hash && e->nKey == key) {
-      return &e->pValue;
-    }
-  }
-  return nullptr;
+  Slot* slot = FindSlot(key);
+  return slot != nullptr ? &slot->pEntry->pValue : nullptr;
 }
 
 bool CGLShapeMap::RemoveKey(std::uint64_t key) {
-  const std::uint32_t hash = Hash(key);
-  for (Entry** link = &m_apBuckets[hash % kBuckets]; *link != nullptr; link = &(*link)->pNext) {
-    Entry* e = *link;
-    if (e->nHash == hash && e->nKey == key) {
-      *link = e->pNext;
-      e->pNext = m_pFree;
-      m_pFree = e;
-      --m_nCount;
-      return true;
-    }
+  Slot* slot = FindSlot(key);
+  if (slot == nullptr) {
+    return false;
   }
-  return false;
+  Entry* e = slot->pEntry;
+  EraseFromIndex(slot);
+  Unlink(e);
+  e->pNext = m_pFree;
+  m_pFree = e;
+  --m_nCount;
+  return true;
 }
 
 void CGLShapeMap::RemoveAll() {
@@ -89,6 +171,9 @@ void CGLShapeMap::RemoveAll() {
   }
   m_pFree = nullptr;
   m_nCount = 0;
+  m_pIndex.reset();
+  m_nIndexMask = 0;
+  m_nIndexShift = 64;
 }
 
 std::size_t CGLShapeMap::GetBlockCount() const {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 class CGLObject;
 
@@ -13,6 +14,12 @@ class CGLObject;
 //
 // Entries come from blocks of kBlockSize and go back to a free list when
 // removed, so adding and removing shapes allocates once per block.
+//
+// Beside the chains, an open-addressing index from key to entry makes
+// look-up constant time on average, and each entry knows the link that
+// points at it, so removal needs no walk. The chains alone decide the
+// visiting order; the index only finds entries. It may allocate when a key
+// is added (it doubles), never when one is removed or the map is visited.
 class CGLShapeMap {
  public:
   static constexpr std::uint32_t kBuckets = 512;
@@ -38,6 +45,8 @@ class CGLShapeMap {
   std::size_t GetCount() const { return m_nCount; }
   bool IsEmpty() const { return m_nCount == 0; }
   std::size_t GetBlockCount() const;
+  // Slots in the look-up index: 0 or a power of two.
+  std::size_t GetIndexCapacity() const { return m_nIndexMask == 0 ? 0 : m_nIndexMask + 1; }
 
   // Calls f(value) for every entry, in visiting order. Shapes lie scattered
   // on the heap and are visited in hash order, so the walk fetches entries
@@ -74,9 +83,17 @@ class CGLShapeMap {
  private:
   struct Entry {
     Entry* pNext;
-    std::uint32_t nHash;
+    // The bucket head or the previous entry's pNext: whatever points here.
+    Entry** ppPrev;
     std::uint64_t nKey;
     CGLObject* pValue;
+    std::uint32_t nHash;
+  };
+  // An index slot is free when pEntry is null; the key is kept beside the
+  // entry so that probing past other keys reads no entry.
+  struct Slot {
+    std::uint64_t nKey;
+    Entry* pEntry;
   };
   struct Block {
     Block* pNext;
@@ -84,6 +101,15 @@ class CGLShapeMap {
   };
 
   Entry* NewEntry();
+  void Unlink(Entry* e);
+
+  // Index: linear probing, at most half full, removal by backward shift (no
+  // tombstones, so probes stay short after many removals).
+  std::size_t Home(std::uint64_t key) const;
+  Slot* FindSlot(std::uint64_t key) const;
+  void ReserveIndex(std::size_t count);
+  void PlaceInIndex(std::uint64_t key, Entry* e);
+  void EraseFromIndex(Slot* slot);
 
   // The entry after e in visiting order (the first one when e is null);
   // bucket is the bucket of e and follows the walk.
@@ -115,6 +141,9 @@ class CGLShapeMap {
   Entry* m_pFree;
   Block* m_pBlocks;
   std::size_t m_nCount;
+  std::unique_ptr<Slot[]> m_pIndex;
+  std::size_t m_nIndexMask;
+  unsigned m_nIndexShift;  // 64 - log2 of the slot count
 };
 
 #endif

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <random>
 #include <vector>
 
 #include "core/CGLShapeMap.h"
@@ -406,6 +407,48 @@ TEST_F(CGLSceneTest, BucketsAreVisitedInAscendingOrderWhateverTheAdditionOrder) 
   scene.AddGLShape(l);
   scene.DrawGLShapes();
   EXPECT_EQ(drawn, (Log{l, m, h}));
+}
+
+TEST_F(CGLSceneTest, DeletingTenThousandInRandomOrderKeepsOrderAndOwnership) {
+  constexpr std::size_t kShapes = 10000;
+  Log drawn;
+  Log deleted;
+  CGLScene scene;
+  std::vector<LoggingShape*> shapes;
+  for (std::size_t i = 0; i < kShapes; ++i) {
+    shapes.push_back(new LoggingShape(&drawn, &deleted));
+    scene.AddGLShape(shapes.back());
+  }
+  std::vector<std::size_t> victims(kShapes);
+  for (std::size_t i = 0; i < kShapes; ++i) {
+    victims[i] = i;
+  }
+  std::shuffle(victims.begin(), victims.end(), std::mt19937(1234));
+  std::vector<bool> alive(kShapes, true);
+  Log expectedDeaths;
+  for (std::size_t n = 0; n < kShapes; ++n) {
+    LoggingShape* victim = shapes[victims[n]];
+    expectedDeaths.push_back(victim);
+    ASSERT_EQ(scene.DeleteGLShape(victim), 1);
+    alive[victims[n]] = false;
+    if (n % 2500 == 0 || n == kShapes - 2) {
+      Log survivors;
+      for (std::size_t i = 0; i < kShapes; ++i) {
+        if (alive[i]) {
+          survivors.push_back(shapes[i]);
+          scene.SelectGLShape(shapes[i], 1);  // each survivor is still found
+          ASSERT_EQ(shapes[i]->IsSelected(), 1);
+        }
+      }
+      drawn.clear();
+      scene.DrawGLShapes();
+      ASSERT_EQ(drawn, ExpectedOrder(survivors)) << "after " << n + 1 << " deletions";
+    }
+  }
+  EXPECT_EQ(deleted, expectedDeaths);
+  drawn.clear();
+  scene.DrawGLShapes();
+  EXPECT_TRUE(drawn.empty());
 }
 
 // ---------------------------------------------------------------- drawing

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <ostream>
 #include <ios>
+#include <ostream>
+#include <random>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -136,6 +141,161 @@ TEST(CGLShapeMap, NullValueIsStoredAndVisited) {
     ++visits;
   });
   EXPECT_EQ(visits, 1);
+}
+
+// The plain chained table, written out: one vector per bucket, head first,
+// found by walking. The map must visit exactly as this does.
+class ChainModel {
+ public:
+  void SetAt(std::uint64_t key, CGLObject* value) {
+    auto& chain = m_chains[CGLShapeMap::Hash(key) % CGLShapeMap::kBuckets];
+    for (auto& kv : chain) {
+      if (kv.first == key) {
+        kv.second = value;
+        return;
+      }
+    }
+    chain.insert(chain.begin(), {key, value});
+  }
+  bool RemoveKey(std::uint64_t key) {
+    auto& chain = m_chains[CGLShapeMap::Hash(key) % CGLShapeMap::kBuckets];
+    for (auto it = chain.begin(); it != chain.end(); ++it) {
+      if (it->first == key) {
+        chain.erase(it);
+        return true;
+      }
+    }
+    return false;
+  }
+  const CGLObject* const* Lookup(std::uint64_t key) const {
+    for (const auto& kv : m_chains[CGLShapeMap::Hash(key) % CGLShapeMap::kBuckets]) {
+      if (kv.first == key) {
+        return &kv.second;
+      }
+    }
+    return nullptr;
+  }
+  std::vector<CGLObject*> Order() const {
+    std::vector<CGLObject*> order;
+    for (const auto& chain : m_chains) {
+      for (const auto& kv : chain) {
+        order.push_back(kv.second);
+      }
+    }
+    return order;
+  }
+
+ private:
+  std::array<std::vector<std::pair<std::uint64_t, CGLObject*>>, CGLShapeMap::kBuckets> m_chains;
+};
+
+std::vector<CGLObject*> OrderOf(const CGLShapeMap& map) {
+  std::vector<CGLObject*> order;
+  map.ForEach([&order](CGLObject* p) { order.push_back(p); });
+  return order;
+}
+
+// Heap-like keys: 16-byte steps, some sharing their low 32 bits (same hash),
+// and null.
+std::vector<std::uint64_t> KeyPool(std::size_t n) {
+  std::vector<std::uint64_t> keys{0};
+  for (std::uint64_t k = 1; keys.size() < n; ++k) {
+    keys.push_back(0x55550000ull + k * 16);
+    if (k % 7 == 0) {
+      keys.push_back((k << 32) | (0x55550000ull + k * 16));
+    }
+  }
+  keys.resize(n);
+  return keys;
+}
+
+TEST(CGLShapeMap, RandomAddsAndRemovesVisitLikeThePlainChains) {
+  const std::vector<std::uint64_t> keys = KeyPool(3000);
+  std::mt19937 rng(20240611);
+  std::uniform_int_distribution<std::size_t> pick(0, keys.size() - 1);
+  CGLShapeMap map;
+  ChainModel model;
+  std::size_t count = 0;
+  for (int step = 1; step <= 30000; ++step) {
+    const std::uint64_t key = keys[pick(rng)];
+    if (rng() % 5 < 3) {
+      CGLObject* value = Fake(static_cast<std::uintptr_t>(step));
+      count += model.Lookup(key) == nullptr ? 1 : 0;
+      map.SetAt(key, value);
+      model.SetAt(key, value);
+    } else {
+      const bool present = model.RemoveKey(key);
+      count -= present ? 1 : 0;
+      ASSERT_EQ(map.RemoveKey(key), present) << "step " << step;
+    }
+    ASSERT_EQ(map.GetCount(), count);
+    if (step % 1000 == 0) {
+      ASSERT_EQ(OrderOf(map), model.Order()) << "step " << step;
+      for (std::uint64_t k : keys) {
+        const CGLObject* const* expected = model.Lookup(k);
+        CGLObject** found = map.Lookup(k);
+        ASSERT_EQ(found == nullptr, expected == nullptr) << "key 0x" << std::hex << k;
+        if (found != nullptr) {
+          EXPECT_EQ(*found, *expected);
+        }
+      }
+    }
+  }
+}
+
+TEST(CGLShapeMap, RemovingTenThousandInRandomOrderKeepsTheRestIntact) {
+  constexpr std::size_t kKeys = 10000;
+  const std::vector<std::uint64_t> keys = KeyPool(kKeys);
+  CGLShapeMap map;
+  ChainModel model;
+  for (std::uint64_t k : keys) {
+    map.SetAt(k, Fake(static_cast<std::uintptr_t>(k + 1)));
+    model.SetAt(k, Fake(static_cast<std::uintptr_t>(k + 1)));
+  }
+  EXPECT_EQ(map.GetBlockCount(), kKeys / CGLShapeMap::kBlockSize);
+  const std::size_t capacity = map.GetIndexCapacity();
+  EXPECT_GE(capacity, 2 * kKeys);
+
+  std::vector<std::uint64_t> order = keys;
+  std::shuffle(order.begin(), order.end(), std::mt19937(7));
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    ASSERT_TRUE(map.RemoveKey(order[i]));
+    ASSERT_FALSE(map.RemoveKey(order[i]));
+    ASSERT_EQ(map.Lookup(order[i]), nullptr);
+    model.RemoveKey(order[i]);
+    if (i % 997 == 0) {
+      ASSERT_EQ(OrderOf(map), model.Order()) << "after " << i + 1;
+      for (std::size_t j = i + 1; j < order.size(); ++j) {
+        ASSERT_NE(map.Lookup(order[j]), nullptr) << "after " << i + 1;
+      }
+    }
+  }
+  EXPECT_TRUE(map.IsEmpty());
+  EXPECT_TRUE(OrderOf(map).empty());
+  // Removal neither shrinks the index nor gives back blocks: it never allocates.
+  EXPECT_EQ(map.GetIndexCapacity(), capacity);
+  EXPECT_EQ(map.GetBlockCount(), kKeys / CGLShapeMap::kBlockSize);
+
+  // Freed entries and index slots serve the next adds.
+  for (std::uint64_t k : keys) {
+    map.SetAt(k, Fake(static_cast<std::uintptr_t>(k + 1)));
+    model.SetAt(k, Fake(static_cast<std::uintptr_t>(k + 1)));
+  }
+  EXPECT_EQ(OrderOf(map), model.Order());
+  EXPECT_EQ(map.GetBlockCount(), kKeys / CGLShapeMap::kBlockSize);
+  EXPECT_EQ(map.GetIndexCapacity(), capacity);
+}
+
+TEST(CGLShapeMap, IndexIsAtMostHalfFullAndGoneAfterRemoveAll) {
+  CGLShapeMap map;
+  EXPECT_EQ(map.GetIndexCapacity(), 0u);
+  for (std::uintptr_t k = 1; k <= 1000; ++k) {
+    map.SetAt(k * 16, Fake(k));
+    ASSERT_LE(2 * map.GetCount(), map.GetIndexCapacity());
+  }
+  map.RemoveAll();
+  EXPECT_EQ(map.GetIndexCapacity(), 0u);
+  EXPECT_EQ(map.Lookup(16), nullptr);
 }
 
 }  // namespace
