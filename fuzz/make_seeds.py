@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the seed corpora fuzz/corpus/math/ and fuzz/corpus/scene/.
+"""Writes the seed corpora fuzz/corpus/<target>/.
 
-The byte codes follow the Op and Kind enums of math_fuzz.cpp and
-scene_fuzz.cpp; keep them in step. Run from anywhere:
+The byte codes follow the Op and Kind enums and the input layouts of the
+<target>_fuzz.cpp files; keep them in step. Run from anywhere:
 
     python3 fuzz/make_seeds.py
 """
@@ -161,6 +161,106 @@ def scene_seeds():
     return seeds
 
 
+# ---------------------------------------------------------------- belt
+
+TAME, RAW_MODE = 0, 1
+
+
+def belt_case(r1, r2, entraxe, quality=20, btype=16, mode=TAME):
+    """Mode byte, the two radii, the entraxe, quality and type bytes."""
+    nums = raws(r1, r2, entraxe) if mode == RAW_MODE else tames(r1, r2, entraxe)
+    return u8(mode) + nums + u8(quality, btype)
+
+
+def belt_seeds():
+    seeds = {}
+    seeds["full"] = (belt_case(1, 1, 1) + belt_case(1, 1, 5, 50) + belt_case(2, 0.5, 6, 10) +
+                     belt_case(0.5, 2, 6, 33, 3) + belt_case(1, 3, -4, 20))
+    # The host's types 1, 2, 4, 8 and the stored codes, on separate pulleys.
+    seeds["single"] = b"".join(belt_case(1, 0.5, 5, 20, t) for t in (1, 2, 4, 8))
+    # Touching, overlapping, concentric, inside.
+    seeds["contact"] = (belt_case(1, 1, 2, 20, 2) + belt_case(1, 1, 2, 20, 4) +
+                        belt_case(1, 1, 1, 20, 2) + belt_case(1, 1, 1, 20, 1) +
+                        belt_case(1, 1, 0) + belt_case(3, 1, 1) + belt_case(3, 1, 2) +
+                        belt_case(1, 1, 0.0078125, 50))
+    # Quality out of range: the belt keeps 20, the builder takes it as it is.
+    seeds["quality"] = (belt_case(1, 2, 4, 0) + belt_case(1, 2, 4, 9) + belt_case(1, 2, 4, 51) +
+                        belt_case(1, 2, 4, 255))
+    seeds["nonfinite"] = (belt_case(math.nan, 1, 5, mode=RAW_MODE) +
+                          belt_case(1, math.inf, 5, mode=RAW_MODE) +
+                          belt_case(1, 1, -math.inf, mode=RAW_MODE) +
+                          belt_case(1e308, 1e308, 1e308, mode=RAW_MODE) +
+                          belt_case(5e-324, 0, 1e-300, mode=RAW_MODE) +
+                          belt_case(-1, -2, 2, 20, 2))
+    return seeds
+
+
+# ---------------------------------------------------------------- polyline
+
+(P_ADD_XYZ, P_ADD_COPY, P_ADD_OWNED, P_ADD_NULL, P_ADD_ARRAY, P_ADD_NULL_ARRAY, P_INIT, P_MAKE,
+ P_DRAW_DIRECT, P_DRAW, P_COLOUR) = range(11)
+
+
+def polyline_seeds():
+    seeds = {}
+    seeds["strip"] = (u8(TAME, P_MAKE, P_DRAW_DIRECT, P_ADD_XYZ) + tames(1, 2, 3) +
+                      u8(P_ADD_COPY) + tames(-1, 0.5, 0) + u8(P_ADD_OWNED) + tames(0, 0, -4) +
+                      u8(P_MAKE, P_MAKE, P_DRAW_DIRECT, P_ADD_NULL, P_DRAW_DIRECT,
+                         P_DRAW_DIRECT, P_DRAW))
+    seeds["arrays"] = (u8(TAME, P_ADD_ARRAY, 3) + tames(1, 2, 3, 4, 5, 6, 7, 8, 9) +
+                       u8(P_ADD_ARRAY, 0, P_ADD_ARRAY, 0xFD, P_ADD_NULL_ARRAY, 4, P_DRAW) +
+                       u8(P_INIT, P_MAKE, P_DRAW_DIRECT, P_ADD_ARRAY, 1) + tames(0, 0, 0) +
+                       u8(P_COLOUR) + tames(256, 0, 0) + u8(P_DRAW, P_COLOUR) +
+                       tames(256, 0, 0) + u8(P_MAKE))
+    seeds["raw"] = (u8(RAW_MODE, P_ADD_XYZ) + raws(math.nan, -0.0, math.inf) +
+                    u8(P_ADD_ARRAY, 2) + raws(5e-324, -1e308, 1, -math.inf, 0, 2) +
+                    u8(P_DRAW_DIRECT, P_ADD_COPY) + raws(-math.nan, 0, 0) + u8(P_MAKE))
+    return seeds
+
+
+# ---------------------------------------------------------------- spring
+
+(SP_SET_LENGTH, SP_SCALE_LENGTH, SP_SET_QUALITY, SP_SET_TYPE, SP_SET_TYPE2, SP_SHADED, SP_MAKE,
+ SP_DRAW_DIRECT, SP_DRAW, SP_REBUILD) = range(10)
+SCHEMATIC = 8
+HUGE = 0xF0  # a turns or second-type byte from here picks a value beyond the caps
+
+
+def spring_args(wire=0.1, radius=1, aux=1, length=5, turns=3, start=0):
+    # turns is read as byte % 12 - 3
+    return tames(wire, radius, aux, length) + u8(turns + 3) + tames(start)
+
+
+def spring_draws():
+    return u8(SP_MAKE, SP_DRAW_DIRECT, SP_DRAW)
+
+
+def spring_seeds():
+    seeds = {}
+    seeds["compression"] = (u8(TAME) + spring_args() + spring_draws() +
+                            u8(SP_SET_TYPE2, 1, SP_SET_LENGTH) + tames(6) + spring_draws() +
+                            u8(SP_SHADED, 0, SP_SCALE_LENGTH) + tames(0.5) + spring_draws() +
+                            u8(SP_SET_TYPE2, SCHEMATIC + 1, SP_SET_LENGTH) + tames(4) +
+                            spring_draws())
+    seeds["tension"] = (u8(TAME) + spring_args(0.2, 1.5, 0, 8, 4, 30) + u8(SP_SET_TYPE, 1) +
+                        u8(SP_SET_QUALITY, 10) + spring_draws() +
+                        u8(SP_SET_TYPE2, 2, SP_SET_LENGTH) + tames(9) + spring_draws() +
+                        u8(SP_SHADED, 0, SP_SET_TYPE2, 3, SP_SET_LENGTH) + tames(7) +
+                        spring_draws() + u8(SP_SET_TYPE2, SCHEMATIC + 2, SP_SET_LENGTH) +
+                        tames(7) + spring_draws())
+    seeds["edges"] = (u8(TAME) + spring_args(turns=0) + spring_draws() +
+                      u8(SP_SET_TYPE, 2, SP_SET_LENGTH) + tames(1) + spring_draws() +
+                      u8(SP_SET_QUALITY, 51, SP_SET_QUALITY, 9, SP_SET_TYPE, 0) +
+                      u8(SP_REBUILD) + spring_args(turns=-2) + spring_draws() +
+                      u8(SP_REBUILD) + tames(0.1, 1, 1, 5) + u8(HUGE) + tames(0) +
+                      spring_draws() + u8(SP_SET_TYPE, 1, SP_SET_TYPE2, HUGE + 1) +
+                      u8(SP_SET_LENGTH) + tames(5) + spring_draws())
+    seeds["raw"] = (u8(RAW_MODE) + raws(math.nan, math.inf, 0, -1e308) + u8(3 + 3) +
+                    raws(1e300) + spring_draws() + u8(SP_SET_TYPE, 1, SP_SET_LENGTH) +
+                    raws(-0.0) + spring_draws())
+    return seeds
+
+
 def write(folder, seeds):
     path = os.path.join(HERE, "corpus", folder)
     os.makedirs(path, exist_ok=True)
@@ -172,3 +272,6 @@ def write(folder, seeds):
 if __name__ == "__main__":
     write("math", math_seeds())
     write("scene", scene_seeds())
+    write("belt", belt_seeds())
+    write("polyline", polyline_seeds())
+    write("spring", spring_seeds())
