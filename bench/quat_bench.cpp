@@ -1,5 +1,5 @@
-// MQuat product, rotation matrix and slerp beside Eigen's Quaterniond doing
-// the same work on the same inputs.
+// MQuat product, rotation matrix and slerp beside Eigen's Quaterniond and
+// glm's dquat doing the same work on the same inputs.
 
 #include <lumagrid/MQuat.h>
 #include <lumagrid/mat4x4.h>
@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include <Eigen/Geometry>
+#include <glm/gtc/quaternion.hpp>
 
 #include <vector>
 
@@ -17,6 +18,7 @@ namespace {
 struct Inputs {
   std::vector<MQuat> lg;
   std::vector<Eigen::Quaterniond> eig;
+  std::vector<glm::dquat> glm;
   std::vector<double> t;
 
   Inputs() {
@@ -34,6 +36,7 @@ struct Inputs {
       }
       lg.push_back(q);
       eig.emplace_back(q.w, q.x, q.y, q.z);
+      glm.emplace_back(q.w, q.x, q.y, q.z);
       t.push_back(rng.uniform(0.0, 1.0));
     }
   }
@@ -51,6 +54,10 @@ void productLumagrid(benchmark::State& state) {
 
 void productEigen(benchmark::State& state) {
   bench::eachPair<Eigen::Quaterniond>(state, inputs().eig, bench::multiply);
+}
+
+void productGlm(benchmark::State& state) {
+  bench::eachPair<glm::dquat>(state, inputs().glm, bench::multiply);
 }
 
 // ------------------------------------------------------------- to matrix
@@ -75,6 +82,12 @@ void toMatrixEigen(benchmark::State& state) {
   });
 }
 
+void toMatrixGlm(benchmark::State& state) {
+  // mat4_cast fills the same sixteen values, bottom row and last column included.
+  bench::eachInput<glm::dmat4>(state, inputs().glm,
+                               [](const glm::dquat& q) { return glm::mat4_cast(q); });
+}
+
 // ------------------------------------------------------------- slerp
 
 void slerpLumagrid(benchmark::State& state) {
@@ -94,13 +107,23 @@ void slerpEigen(benchmark::State& state) {
       state, [&](std::size_t i) { return in[i].slerp(t[i], in[bench::next(i)]); });
 }
 
+void slerpGlm(benchmark::State& state) {
+  const auto& in = inputs().glm;
+  const auto& t = inputs().t;
+  bench::cycle<glm::dquat>(
+      state, [&](std::size_t i) { return glm::slerp(in[i], in[bench::next(i)], t[i]); });
+}
+
 }  // namespace
 
 BENCHMARK(productLumagrid)->Name("quat_product/lumagrid");
 BENCHMARK(productEigen)->Name("quat_product/eigen");
+BENCHMARK(productGlm)->Name("quat_product/glm");
 BENCHMARK(toMatrixLumagrid)->Name("quat_to_matrix/lumagrid");
 BENCHMARK(toMatrixEigen)->Name("quat_to_matrix/eigen");
+BENCHMARK(toMatrixGlm)->Name("quat_to_matrix/glm");
 BENCHMARK(slerpLumagrid)->Name("quat_slerp/lumagrid");
 BENCHMARK(slerpEigen)->Name("quat_slerp/eigen");
+BENCHMARK(slerpGlm)->Name("quat_slerp/glm");
 
 BENCHMARK_MAIN();

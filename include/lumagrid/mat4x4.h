@@ -116,4 +116,48 @@ static_assert(std::is_standard_layout<mat4x4>::value, "mat4x4 has C layout");
 
 LUMAGRID_API std::ostream& operator<<(std::ostream& os, const mat4x4& m);
 
+namespace lumagrid::detail {
+
+// The point v (three values) moved by the sixteen values m in place: the
+// upper three rows, each summed x, y, z, then the translation. Out of line,
+// with the library's own flags: the bits the inline path must give.
+LUMAGRID_API void transformPointCall(const double* m, double* v);
+
+#if defined(LUMAGRID_INLINE_KERNELS)
+// The same, rows 0-1 and rows 2-3 side by side; row 3 is computed and
+// dropped.
+[[gnu::always_inline]] inline void transformPointSse2(const double* m, double* v) {
+  const __m128d xy = _mm_loadu_pd(v);
+  const __m128d x = _mm_unpacklo_pd(xy, xy);
+  const __m128d y = _mm_unpackhi_pd(xy, xy);
+  const __m128d z = _mm_load1_pd(v + 2);
+  __m128d lo = mulRounded(_mm_loadu_pd(m), x);
+  __m128d hi = mulRounded(_mm_loadu_pd(m + 2), x);
+  lo = _mm_add_pd(lo, mulRounded(_mm_loadu_pd(m + 4), y));
+  hi = _mm_add_pd(hi, mulRounded(_mm_loadu_pd(m + 6), y));
+  lo = _mm_add_pd(lo, mulRounded(_mm_loadu_pd(m + 8), z));
+  hi = _mm_add_pd(hi, mulRounded(_mm_loadu_pd(m + 10), z));
+  lo = _mm_add_pd(lo, _mm_loadu_pd(m + 12));
+  hi = _mm_add_pd(hi, _mm_loadu_pd(m + 14));
+  _mm_storeu_pd(v, lo);
+  _mm_store_sd(v + 2, hi);
+}
+#endif
+
+}  // namespace lumagrid::detail
+
+inline void mat4x4::transform(vec3d& v) const {
+#if defined(LUMAGRID_INLINE_KERNELS)
+  lumagrid::detail::transformPointSse2(m_e, v);
+#else
+  lumagrid::detail::transformPointCall(m_e, v);
+#endif
+}
+
+inline vec3d mat4x4::operator*(const vec3d& v) const {
+  vec3d r(v);
+  transform(r);
+  return r;
+}
+
 #endif

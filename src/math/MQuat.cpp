@@ -91,17 +91,8 @@ void MQuat::identity() {
   set(0.0, 0.0, 0.0, 1.0);
 }
 
-MQuat MQuat::operator*(const MQuat& b) const {
-  return quatProduct(*this, b);
-}
-
-MQuat& MQuat::operator*=(const MQuat& b) {
-  *this = quatProduct(*this, b);
-  return *this;
-}
-
-void MQuat::mul(const MQuat& a, const MQuat& b) {
-  *this = quatProduct(a, b);
+MQuat lumagrid::detail::quatProductCall(const MQuat& a, const MQuat& b) {
+  return quatProduct(a, b);
 }
 
 MQuat MQuat::operator*(double s) const {

@@ -120,14 +120,8 @@ void mat4x4::rotateZ(double a) {
   }
 }
 
-vec3d mat4x4::operator*(const vec3d& v) const {
-  vec3d r(v);
-  transform(r);
-  return r;
-}
-
-void mat4x4::transform(vec3d& v) const {
-  lumagrid::detail::transformPoint(m_e, v);
+void lumagrid::detail::transformPointCall(const double* m, double* v) {
+  transformPoint(m, v);
 }
 
 vec4d mat4x4::operator*(const vec4d& v) const {
