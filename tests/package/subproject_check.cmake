@@ -3,13 +3,7 @@
 # found, then runs it: as a subproject Lumagrid must need none of them.
 #   cmake -DSOURCE_DIR=... -DWORK_DIR=... -P subproject_check.cmake
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
-  if(NOT rc EQUAL 0)
-    message(FATAL_ERROR "command failed (${rc}): ${ARGN}\n${out}\n${err}")
-  endif()
-  set(last_output "${out}" PARENT_SCOPE)
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 
 file(REMOVE_RECURSE "${WORK_DIR}")
 run(${CMAKE_COMMAND} -S "${CMAKE_CURRENT_LIST_DIR}/subproject" -B "${WORK_DIR}"

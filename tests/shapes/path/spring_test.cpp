@@ -49,18 +49,7 @@ class SpringProbe : public Probe<CGLSpring> {
   using CGLSpring::m_nType2;
 };
 
-// Solid tubes before and after each test: the setting is process-wide.
-class Spring : public RecordedTest {
- protected:
-  void SetUp() override {
-    RecordedTest::SetUp();
-    lumagrid::detail::SetTubeFilled(true);
-  }
-  void TearDown() override {
-    lumagrid::detail::SetTubeFilled(true);
-    RecordedTest::TearDown();
-  }
-};
+class Spring : public RecordedTest {};
 
 template <class P>
 class SpringWithParam : public Spring, public ::testing::WithParamInterface<P> {};

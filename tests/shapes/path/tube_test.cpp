@@ -31,18 +31,7 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr int kCapped = TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE;
 constexpr int kOpen = TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE;
 
-// Solid tubes before and after each test: the setting is process-wide.
-class Tube : public RecordedTest {
- protected:
-  void SetUp() override {
-    RecordedTest::SetUp();
-    lumagrid::detail::SetTubeFilled(true);
-  }
-  void TearDown() override {
-    lumagrid::detail::SetTubeFilled(true);
-    RecordedTest::TearDown();
-  }
-};
+class Tube : public RecordedTest {};
 
 double Dot(const Vec& a, const Vec& b) {
   return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];

@@ -2,23 +2,27 @@
 #define LUMAGRID_TESTS_SUPPORT_RECORDED_RECORDEDTEST_H
 
 #include <lumagrid/CGLObject.h>
+#include <lumagrid/testing/GLRecorder.h>
 
 #include <gtest/gtest.h>
 
-#include <lumagrid/testing/GLRecorder.h>
+#include "shapes/path/tube_fill.h"
 
-// Back to a fresh recorded context and the stock tessellation defaults, and
-// back to the defaults again afterwards, so that no test leaks them.
+// Back to a fresh recorded context, the stock tessellation defaults and solid
+// tubes, and back to the defaults again afterwards, so that no test leaks
+// them: all three are process-wide.
 class RecordedTest : public ::testing::Test {
  protected:
   void SetUp() override {
     glrec::recorder().reset();
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
+    lumagrid::detail::SetTubeFilled(true);
   }
   void TearDown() override {
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
+    lumagrid::detail::SetTubeFilled(true);
   }
 };
 
