@@ -88,7 +88,9 @@ LUMAGRID_API std::ostream& operator<<(std::ostream& os, const vec3d& v);
 // speed, yet must give the library's bits in a host built with FMA
 // contraction. Where the compiler takes GNU asm and targets SSE2 they are
 // written on mulRounded(); elsewhere they call the library.
-#if defined(__SSE2__) && defined(__GNUC__)
+// LUMAGRID_PORTABLE_MATH turns every SSE2 kernel off, so that CI builds and
+// tests the plain ones as the library itself would use them.
+#if defined(__SSE2__) && defined(__GNUC__) && !defined(LUMAGRID_PORTABLE_MATH)
 #include <emmintrin.h>
 #define LUMAGRID_INLINE_KERNELS 1
 

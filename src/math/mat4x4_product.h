@@ -1,7 +1,9 @@
 #ifndef LUMAGRID_SRC_MATH_MAT4X4_PRODUCT_H
 #define LUMAGRID_SRC_MATH_MAT4X4_PRODUCT_H
 
-#if defined(__SSE2__)
+#include <lumagrid/vec3d.h>  // LUMAGRID_INLINE_KERNELS
+
+#if defined(LUMAGRID_INLINE_KERNELS)
 #include <emmintrin.h>
 #endif
 
@@ -30,7 +32,7 @@ inline void productPlain(double* r, const double* a, const double* b) {
   }
 }
 
-#if defined(__SSE2__)
+#if defined(LUMAGRID_INLINE_KERNELS)
 // One column of the product, rows 0-1 and 2-3 side by side, with the same
 // operations in the same order as productPlain().
 [[gnu::always_inline]] inline void productColumnSse2(double* r, const __m128d* a, const double* b) {
@@ -65,7 +67,7 @@ inline void productPlain(double* r, const double* a, const double* b) {
 #endif
 
 [[gnu::always_inline]] inline void product(double* r, const double* a, const double* b) {
-#if defined(__SSE2__)
+#if defined(LUMAGRID_INLINE_KERNELS)
   productSse2(r, a, b);
 #else
   productPlain(r, a, b);

@@ -122,7 +122,7 @@ TEST(Sse2Paths, PoolHoldsTheFuzzCorpus) {
   EXPECT_GT(pool().size(), 4u * 4096u);
 }
 
-#if defined(__SSE2__)
+#if defined(LUMAGRID_INLINE_KERNELS)
 
 TEST(Sse2Paths, MatrixProductGivesThePlainBits) {
   const std::vector<double>& p = pool();
