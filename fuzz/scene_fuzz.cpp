@@ -458,8 +458,14 @@ class SceneFuzzer {
     if (InScene(p)) {
       Closure(p, expected);
     }
-    ExpectDeaths(expected,
-                 [&] { FUZZ_CHECK(m_scene->DeleteGLShape(p) == (expected.empty() ? 0 : 1)); });
+    // A stored null is found, and deleting it deletes nothing.
+    const bool storedNull = p == nullptr && m_bNullInScene;
+    ExpectDeaths(expected, [&] {
+      FUZZ_CHECK(m_scene->DeleteGLShape(p) == (expected.empty() && !storedNull ? 0 : 1));
+    });
+    if (storedNull) {
+      m_bNullInScene = false;
+    }
     if (!expected.empty()) {
       for (CGLObject* d : expected) {
         Forget(d);
@@ -589,12 +595,26 @@ class SceneFuzzer {
       Forget(d);
     }
     FUZZ_CHECK(m_sceneSeq.empty());
+    m_bNullInScene = false;
   }
 
   void GroupAdd() {
     CGLObject* g = PickLive();
+    const int how = m_in.Byte();
+    if (g == nullptr || m_live.at(g).group == nullptr) {
+      return;
+    }
+    // Null, or a member added once more: stored, drawn (null skipped), deleted once.
+    Node& target = m_live.at(g);
+    if (how % 8 == 0 || (how % 8 == 1 && !target.kids.empty())) {
+      CGLObject* again =
+          how % 8 == 0 ? nullptr : target.kids[static_cast<std::size_t>(how / 8) % target.kids.size()];
+      FUZZ_CHECK(target.group->Add(again) == target.members);
+      ++target.members;
+      return;
+    }
     CGLObject* p = PickLive();
-    if (g == nullptr || p == nullptr || p == g) {
+    if (p == nullptr || p == g) {
       return;
     }
     Node& gn = m_live.at(g);
@@ -777,14 +797,21 @@ class SceneFuzzer {
     }
   }
 
-  // Null is stored like any shape; it must leave before anything draws.
+  // Null is stored like any shape, and every pass over the scene steps over it.
   void NullRoundTrip() {
     FUZZ_CHECK(m_scene->AddGLShape(nullptr) == 1);
-    if (m_in.Bool()) {
-      ExpectDeaths({}, [&] { FUZZ_CHECK(m_scene->DeleteGLShape(nullptr) == 1); });
-      FUZZ_CHECK(m_scene->DeleteGLShape(nullptr) == 0);
-    } else {
-      SceneReset();  // skips the null entry
+    m_bNullInScene = true;
+    switch (m_in.Byte() % 3) {
+      case 0:
+        ExpectDeaths({}, [&] { FUZZ_CHECK(m_scene->DeleteGLShape(nullptr) == 1); });
+        FUZZ_CHECK(m_scene->DeleteGLShape(nullptr) == 0);
+        m_bNullInScene = false;
+        break;
+      case 1:
+        SceneReset();
+        break;
+      default:
+        break;  // stays for the operations that follow
     }
   }
 
@@ -840,6 +867,7 @@ class SceneFuzzer {
   std::vector<CGLObject*> m_dead;
   std::map<CGLObject*, long> m_sceneSeq;  // the scene's shapes, by order of first addition
   long m_nSeq = 0;
+  bool m_bNullInScene = false;
   int m_nShow = 1;
 
   std::set<CGLObject*> m_expected;

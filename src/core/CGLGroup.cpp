@@ -1,18 +1,22 @@
 #include <lumagrid/CGLGroup.h>
 
 #include <cstddef>
+#include <unordered_set>
 #include <vector>
 
 namespace {
 
 // Visits the members from index 0, reading the count once and indexing with
 // at(): a member that shrinks the group while it is visited gets an
-// exception, not a stray read.
+// exception, not a stray read. Add() stores null as it stores any pointer;
+// every pass steps over it.
 template <class F>
 void ForEachMember(const std::vector<CGLObject*>& members, F&& f) {
   const std::size_t n = members.size();
   for (std::size_t i = 0; i < n; ++i) {
-    f(members.at(i));
+    if (CGLObject* p = members.at(i)) {
+      f(p);
+    }
   }
 }
 
@@ -21,8 +25,13 @@ void ForEachMember(const std::vector<CGLObject*>& members, F&& f) {
 CGLGroup::CGLGroup() : CGLObject(), m_arrObjects() {}
 
 CGLGroup::~CGLGroup() {
+  // A pointer added twice is drawn twice but deleted once, at its first place.
+  std::unordered_set<const CGLObject*> deleted;
+  deleted.reserve(m_arrObjects.size());
   for (CGLObject* p : m_arrObjects) {
-    delete p;
+    if (p != nullptr && deleted.insert(p).second) {
+      delete p;
+    }
   }
   m_arrObjects.clear();
 }

@@ -14,6 +14,22 @@ std::uint64_t KeyOf(const CGLObject* p) {
   return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(p));
 }
 
+// AddGLShape stores null as it stores any pointer; every pass steps over it.
+template <class F>
+void ForEachShape(const CGLShapeMap& map, F&& f) {
+  map.ForEach([&f](CGLObject* p) {
+    if (p != nullptr) {
+      f(p);
+    }
+  });
+}
+
+// The shape stored under p's key, or null when there is none (or null is stored).
+CGLObject* Find(CGLShapeMap& map, const CGLObject* p) {
+  CGLObject** slot = map.Lookup(KeyOf(p));
+  return slot != nullptr ? *slot : nullptr;
+}
+
 }  // namespace
 
 CGLScene::CGLScene() : m_bShowShapes(1), m_mapShapes(new CGLShapeMap) {}
@@ -40,14 +56,14 @@ int CGLScene::DeleteGLShape(CGLObject* p) {
 }
 
 void CGLScene::ShowGLShape(CGLObject* p, int bShow) {
-  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p))) {
-    (*slot)->SetVisible(bShow != 0);
+  if (CGLObject* shape = Find(*m_mapShapes, p)) {
+    shape->SetVisible(bShow != 0);
   }
 }
 
 void CGLScene::SelectGLShape(CGLObject* p, int bSelect) {
-  if (CGLObject** slot = m_mapShapes->Lookup(KeyOf(p))) {
-    (*slot)->Select(bSelect != 0);
+  if (CGLObject* shape = Find(*m_mapShapes, p)) {
+    shape->Select(bSelect != 0);
   }
 }
 
@@ -59,20 +75,20 @@ void CGLScene::DrawGLShapes() {
   if (m_bShowShapes == 0) {
     return;
   }
-  m_mapShapes->ForEach([](CGLObject* p) { p->Draw(); });
+  ForEachShape(*m_mapShapes, [](CGLObject* p) { p->Draw(); });
 }
 
 long CGLScene::SetMatrix(double* m) {
-  m_mapShapes->ForEach([m](CGLObject* p) { p->SetMatrix(m); });
+  ForEachShape(*m_mapShapes, [m](CGLObject* p) { p->SetMatrix(m); });
   return 1;
 }
 
 long CGLScene::SetMatrix(const mat4x4& m) {
-  m_mapShapes->ForEach([&m](CGLObject* p) { p->SetMatrix(m); });
+  ForEachShape(*m_mapShapes, [&m](CGLObject* p) { p->SetMatrix(m); });
   return 1;
 }
 
 void CGLScene::ResetGLShapes() {
-  m_mapShapes->ForEach([](CGLObject* p) { delete p; });
+  ForEachShape(*m_mapShapes, [](CGLObject* p) { delete p; });
   m_mapShapes->RemoveAll();
 }

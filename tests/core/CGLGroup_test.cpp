@@ -240,6 +240,75 @@ TEST_F(CGLGroupTest, DestroyingTheGroupDeletesEveryMemberAndSkipsNull) {
   EXPECT_EQ(deaths, 2);
 }
 
+TEST_F(CGLGroupTest, DuplicateMemberIsDrawnTwiceAndDeletedOnce) {
+  int deaths = 0;
+  {
+    CGLGroup g;
+    auto* p = new CountedShape(&deaths);
+    EXPECT_EQ(g.Add(p), 0);
+    EXPECT_EQ(g.Add(p), 1);
+    EXPECT_EQ(g.Add(p), 2);
+    glPushMatrix();
+    glrec::recorder().clearCalls();
+    g.Draw();
+    EXPECT_EQ(glrec::recorder().count("glCallList"), 3u);
+    EXPECT_EQ(glrec::recorder().count("glNewList"), 1u);
+  }
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST_F(CGLGroupTest, MembersAreDeletedInOrderEachAtItsFirstPlace) {
+  std::vector<const CGLObject*> unused;
+  std::vector<const CGLObject*> deleted;
+  auto* a = new LoggingShape(&unused, &deleted);
+  auto* b = new LoggingShape(&unused, &deleted);
+  auto* c = new LoggingShape(&unused, &deleted);
+  {
+    CGLGroup g;
+    for (CGLObject* p : {static_cast<CGLObject*>(b), static_cast<CGLObject*>(a),
+                         static_cast<CGLObject*>(b), static_cast<CGLObject*>(nullptr),
+                         static_cast<CGLObject*>(c), static_cast<CGLObject*>(a)}) {
+      g.Add(p);
+    }
+  }
+  EXPECT_EQ(deleted, (std::vector<const CGLObject*>{b, a, c}));
+}
+
+TEST_F(CGLGroupTest, NullMemberIsSkippedByEveryPass) {
+  auto passes = [](bool withNull) {
+    glrec::recorder().reset();
+    GroupProbe g;
+    auto* first = new ColorCountingShape;
+    g.Add(first);
+    if (withNull) {
+      g.Add(nullptr);
+    }
+    auto* second = new ColorCountingShape;
+    g.Add(second);
+    g.ColorSet(CGLColor(0.1, 0.2, 0.3, 1.0));
+    g.ColorSet(0.25);
+    g.ColorSet(0x00FF00FFul);
+    g.ColorSet(0.4, 0.5, 0.6, 0.7);
+    g.Select(true);
+    g.Move(1.0, 2.0, 3.0);
+    glPushMatrix();
+    g.Draw();
+    g.DrawDirect();
+    g.Select(false);
+    glPushMatrix();
+    g.Draw();
+    std::vector<std::string> seen = glrec::recorder().log();
+    for (const ColorCountingShape* m : {first, second}) {
+      seen.push_back(std::to_string(m->byColor) + " " + std::to_string(m->byRef) + " " +
+                     std::to_string(m->byGrey) + " " + std::to_string(m->byFour));
+    }
+    return seen;
+  };
+  const std::vector<std::string> plain = passes(false);
+  EXPECT_FALSE(plain.empty());
+  EXPECT_EQ(passes(true), plain);
+}
+
 TEST_F(CGLGroupTest, SelectReachesMembersButNotTheGroup) {
   GroupProbe g;
   auto* a = new ObjectProbe;

@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "core/CGLShapeMap.h"
@@ -264,6 +265,66 @@ TEST_F(CGLSceneTest, NullShapeIsStoredAndSkippedByReset) {
   scene.AddGLShape(nullptr);
   EXPECT_EQ(scene.DeleteGLShape(nullptr), 1);  // found, and deleting null is harmless
   EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
+}
+
+TEST_F(CGLSceneTest, NullShapeIsSkippedByEveryPass) {
+  Log drawn;
+  Log deleted;
+  auto* a = new LoggingShape(&drawn, &deleted);
+  auto* b = new LoggingShape(&drawn, &deleted);
+  {
+    CGLScene scene;
+    scene.AddGLShape(a);
+    scene.AddGLShape(nullptr);
+    scene.AddGLShape(b);
+
+    scene.DrawGLShapes();
+    EXPECT_EQ(drawn, ExpectedOrder({a, b}));
+    drawn.clear();
+    EXPECT_EQ(scene.SetMatrix(Identity()), 1);
+    double raw[16] = {2.0, 0.0, 0.0, 0.0, 0.0, 2.0, 0.0, 0.0, 0.0, 0.0, 2.0, 0.0, 0.0, 0.0, 0.0, 1.0};
+    EXPECT_EQ(scene.SetMatrix(raw), 1);
+    EXPECT_EQ(drawn.size(), 4u);  // each shape twice, nothing for null
+    EXPECT_EQ(static_cast<const double*>(a->m_matrix)[0], 2.0);
+    scene.ShowGLShape(nullptr, 0);
+    scene.SelectGLShape(nullptr, 1);
+    scene.ShowGLShapes(0);
+    scene.ShowGLShapes(1);
+    EXPECT_EQ(a->IsVisible(), 1);
+    EXPECT_EQ(b->IsSelected(), 0);
+    drawn.clear();
+    scene.DrawGLShapes();
+    EXPECT_EQ(drawn, ExpectedOrder({a, b}));
+    EXPECT_TRUE(deleted.empty());
+    // Still stored: deleting null finds it once.
+    EXPECT_EQ(scene.DeleteGLShape(nullptr), 1);
+    EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
+    scene.AddGLShape(nullptr);
+  }
+  std::sort(deleted.begin(), deleted.end());
+  Log both = {a, b};
+  std::sort(both.begin(), both.end());
+  EXPECT_EQ(deleted, both);
+}
+
+TEST_F(CGLSceneTest, NullShapeDoesNotChangeWhatRealShapesDraw) {
+  auto draw = [](bool withNull) {
+    glrec::recorder().reset();
+    CGLScene scene;
+    auto* q = new QuadShape(0.5f);
+    q->Move(0.0, 0.0, 0.0);
+    scene.AddGLShape(q);
+    if (withNull) {
+      scene.AddGLShape(nullptr);
+    }
+    scene.DrawGLShapes();
+    scene.SelectGLShape(q, 1);
+    scene.DrawGLShapes();
+    return glrec::recorder().log();
+  };
+  const std::vector<std::string> plain = draw(false);
+  EXPECT_FALSE(plain.empty());
+  EXPECT_EQ(draw(true), plain);
 }
 
 // ---------------------------------------------------------------- matrices

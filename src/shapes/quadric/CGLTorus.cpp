@@ -2,7 +2,25 @@
 
 #include <GL/gle.h>
 
+#include <cmath>
+
+#include "shapes/path/helix_points.h"
 #include "shapes/path/tube.h"
+
+namespace {
+
+// GLE sizes its buffers from the sweep without a bound: angles that are not finite, or a sweep
+// too long to sample, would have it ask for an absurd amount of memory. Within one turn the
+// samples number at most the host's own sides + 4, so only longer sweeps read the sides.
+bool Sweepable(double startAngle, double sweepAngle) {
+  if (!std::isfinite(startAngle) || !std::isfinite(sweepAngle)) {
+    return false;
+  }
+  return std::fabs(sweepAngle) <= 360.0 ||
+         lumagrid::detail::HelixPointCount(sweepAngle, gleGetNumSides()) != 0;
+}
+
+}  // namespace
 
 CGLTorus::CGLTorus() : CGLTorus(0.1, 1.0, 0.0, 360.0) {}
 
@@ -39,8 +57,11 @@ long CGLTorus::DisplayListMake() {
   return DisplayListCompile([&] {
     // Left in force afterwards: later GLE drawings inherit this style.
     gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
-    // Solid or wireframe, as the last spring drawn left the tubes.
-    lumagrid::detail::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr,
-                                 m_dStartAngle, m_dSweepAngle);
+    // A ring that cannot be sampled leaves the list empty.
+    if (Sweepable(m_dStartAngle, m_dSweepAngle)) {
+      // Solid or wireframe, as the last spring drawn left the tubes.
+      lumagrid::detail::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr,
+                                   nullptr, m_dStartAngle, m_dSweepAngle);
+    }
   });
 }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <limits>
 
 #include "eglfixture/RealGLTest.h"
 
@@ -83,6 +84,22 @@ TEST_F(TorusRender, KeepsTheSidesInForceWhenItsListWasBuilt) {
   scene.DrawGLShapes();
   const std::size_t rebuilt = countDrawnPixels();
   EXPECT_GT(rebuilt, built + built / 20);
+  EXPECT_EQ(gleGetJoinStyle(), TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+  EXPECT_TRUE(noGLError());
+}
+
+// GLE would ask malloc for about 2^64 bytes for these; the ring is left out instead.
+TEST_F(TorusRender, AnglesThatCannotBeSampledDrawNothing) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double inf = std::numeric_limits<double>::infinity();
+  scene.AddGLShape(new CGLTorus(0.2, 1.2, nan, 360.0));
+  scene.AddGLShape(new CGLTorus(0.2, 1.2, -inf, 360.0));
+  scene.AddGLShape(new CGLTorus(0.2, 1.2, 0.0, nan));
+  scene.AddGLShape(new CGLTorus(0.2, 1.2, 0.0, inf));
+  scene.AddGLShape(new CGLTorus(0.2, 1.2, 0.0, -1.0e12));
+  scene.DrawGLShapes();
+  scene.DrawGLShapes();
+  EXPECT_EQ(countDrawnPixels(), 0u);
   EXPECT_EQ(gleGetJoinStyle(), TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
   EXPECT_TRUE(noGLError());
 }
