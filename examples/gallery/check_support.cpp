@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -146,6 +147,17 @@ std::string temporaryPng(const std::string& stem) {
   }
   close(fd);
   return buffer.data();
+}
+
+std::size_t differingPixels(const Image& a, const Image& b) {
+  if (a.width != b.width || a.height != b.height || a.rgba.size() != b.rgba.size()) {
+    return std::max(a.rgba.size(), b.rgba.size()) / 4;
+  }
+  std::size_t differ = 0;
+  for (std::size_t k = 0; k < a.rgba.size(); k += 4) {
+    differ += std::equal(&a.rgba[k], &a.rgba[k] + 4, &b.rgba[k]) ? 0 : 1;
+  }
+  return differ;
 }
 
 }  // namespace gallery::check

@@ -52,6 +52,9 @@ std::size_t count(const Image& image, const Rect& r, Predicate predicate) {
 
 std::size_t distinctColours(const Image& image);
 
+// Pixels that differ between a and b; every pixel of the larger when their sizes differ.
+std::size_t differingPixels(const Image& a, const Image& b);
+
 // A new empty file named like lumagrid-STEM-XXXXXX.png in the temporary folder, or "".
 std::string temporaryPng(const std::string& stem);
 

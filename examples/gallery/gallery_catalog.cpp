@@ -1,45 +1,46 @@
 #include "gallery_catalog.h"
 
+#include <cctype>
+
 namespace gallery {
 
-const char* const kSelectedEntry = "torus-full";
-const char* const kTranslucentEntry = "sphere";
+const char* const kSelectedEntry = "torus-selected";
+const char* const kTranslucentEntry = "sphere-alpha";
+const char* const kLiteArrowEntry = "arrow-lite";
 const Rgb8 kHighlight = {0, 255, 0};
 const Rgb8 kBackground = {28, 31, 38};
 
+namespace {
+
+// "TENSION END 2" is called tension-end-2 on the command line: the same words.
+std::string nameOf(const std::string& label) {
+  std::string name = label;
+  for (char& c : name) {
+    c = c == ' ' ? '-' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return name;
+}
+
+}  // namespace
+
 const std::vector<Entry>& catalog() {
-  static const std::vector<Entry> entries = {
-      {"sphere", "SPHERE ALPHA 0.45"},
-      {"cylinder-open", "CYLINDER OPEN"},
-      {"cylinder-closed", "CYLINDER CLOSED"},
-      {"cone-pointed", "CONE POINTED"},
-      {"cone-truncated", "CONE TRUNCATED"},
-      {"torus-full", "TORUS SELECTED"},
-      {"torus-half", "TORUS 180"},
-      {"arrow-1", "ARROW 1 HEAD"},
-      {"arrow-2", "ARROW 2 HEADS"},
-      {"arrow-3", "ARROW 3 HEADS"},
-      {"arrow-lite", "ARROW LITE"},
-      {"axis", "AXIS TRIAD"},
-      {"polyline", "POLYLINE"},
-      {"belt-full", "BELT FULL"},
-      {"belt-1", "BELT TYPE 1"},
-      {"belt-2", "BELT TYPE 2"},
-      {"belt-4", "BELT TYPE 4"},
-      {"belt-8", "BELT TYPE 8"},
-      {"compression-open", "SPRING OPEN"},
-      {"compression-closed", "SPRING CLOSED"},
-      {"compression-schematic", "SPRING SCHEMATIC"},
-      {"compression-wireframe", "SPRING WIREFRAME"},
-      {"tension-0", "TENSION END 0"},
-      {"tension-1", "TENSION END 1"},
-      {"tension-2", "TENSION END 2"},
-      {"tension-3", "TENSION END 3"},
-      {"tension-schematic-0", "TENSION LINES 0"},
-      {"tension-schematic-1", "TENSION LINES 1"},
-      {"tension-schematic-2", "TENSION LINES 2"},
-      {"tension-schematic-3", "TENSION LINES 3"},
-  };
+  static const std::vector<Entry> entries = [] {
+    const char* const labels[] = {
+        "SPHERE ALPHA",     "CYLINDER OPEN",    "CYLINDER CLOSED", "CONE POINTED",
+        "CONE TRUNCATED",   "TORUS SELECTED",   "TORUS 180",       "ARROW 1 HEAD",
+        "ARROW 2 HEADS",    "ARROW 3 HEADS",    "ARROW LITE",      "AXIS TRIAD",
+        "POLYLINE",         "BELT FULL",        "BELT TYPE 1",     "BELT TYPE 2",
+        "BELT TYPE 4",      "BELT TYPE 8",      "SPRING OPEN",     "SPRING CLOSED",
+        "SPRING SCHEMATIC", "SPRING WIREFRAME", "TENSION END 0",   "TENSION END 1",
+        "TENSION END 2",    "TENSION END 3",    "TENSION LINES 0", "TENSION LINES 1",
+        "TENSION LINES 2",  "TENSION LINES 3",
+    };
+    std::vector<Entry> list;
+    for (const char* label : labels) {
+      list.push_back({nameOf(label), label});
+    }
+    return list;
+  }();
   return entries;
 }
 

@@ -8,7 +8,7 @@
 namespace gallery {
 
 struct Entry {
-  std::string name;   // for --only, lower case
+  std::string name;   // for --only: the label's words, lower case, joined by '-'
   std::string label;  // drawn under the cell, upper case
 };
 
@@ -30,5 +30,15 @@ struct Rgb8 {
 };
 extern const Rgb8 kHighlight;
 extern const Rgb8 kBackground;
+
+// The lite arrow's (and the belts') gold, in the library's 0xBBGGRR layout. The lite arrow is
+// drawn unlit, so that its line shaft shows exactly this colour whatever was drawn before it.
+constexpr unsigned long kGold = 0x20C8E8ul;
+extern const char* const kLiteArrowEntry;
+
+constexpr Rgb8 rgb8(unsigned long bgr) {
+  return {static_cast<int>(bgr & 0xFFu), static_cast<int>((bgr >> 8) & 0xFFu),
+          static_cast<int>((bgr >> 16) & 0xFFu)};
+}
 
 }  // namespace gallery

@@ -1,7 +1,9 @@
 // Runs the gallery program and checks what it wrote: the PNG decodes at the requested size, is not
 // blank, every cell holds a shape and a label, only the selected shape shows the highlight colour,
-// and the program's exit status says what happened (0, or 2 without an OpenGL context).
+// the program's exit status says what happened (0, or 2 without an OpenGL context), the lite arrow
+// shows its own colour, and separate runs draw the same picture.
 //   lumagrid_gallery_check PATH-TO-GALLERY
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -74,6 +76,55 @@ void checkPicture(const std::string& gallery, const std::string& path, int width
   }
 }
 
+// Pixels within one step of colour c in each channel.
+bool near(const std::uint8_t* p, const gallery::Rgb8& c) {
+  return std::abs(p[0] - c.r) <= 1 && std::abs(p[1] - c.g) <= 1 && std::abs(p[2] - c.b) <= 1;
+}
+
+// The lite arrow's line shaft has no normal: it must be drawn where its look does not depend on
+// what the scene drew before it, which follows heap addresses. Unlit, it shows its colour.
+void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
+  const std::string only = gallery::kLiteArrowEntry;
+  check(run({gallery, "--out", path, "--size", "240x200", "--only", only}) == 0,
+        "gallery --only " + only + " exits 0");
+  Image image;
+  if (!readPng(path, &image)) {
+    check(false, "gallery --only " + only + ": the PNG decodes");
+    return;
+  }
+  const gallery::Layout layout(1, image.width, image.height);
+  const gallery::Rgb8 gold = gallery::rgb8(gallery::kGold);
+  const std::size_t drawn = count(image, layout.shapeArea(0),
+                                  [](const std::uint8_t* p) { return !isBackground(p); });
+  const std::size_t flat =
+      count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) { return near(p, gold); });
+  // Multisampled edges blend with the background; the rest is the colour itself.
+  check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
+                                            std::to_string(flat) + " of " +
+                                            std::to_string(drawn) + " pixels)");
+}
+
+// Separate processes put the shapes at other addresses, and so draw them in another order; the
+// picture must not change.
+void checkSamePictureEveryRun(const std::string& gallery, const std::string& path, int runs) {
+  Image first;
+  for (int i = 0; i < runs; ++i) {
+    check(run({gallery, "--out", path, "--size", "420x350"}) == 0, "run " + std::to_string(i));
+    Image image;
+    if (!readPng(path, &image)) {
+      check(false, "run " + std::to_string(i) + ": the PNG decodes");
+      return;
+    }
+    if (i == 0) {
+      first = image;
+      continue;
+    }
+    const std::size_t differ = gallery::check::differingPixels(first, image);
+    check(differ == 0, "run " + std::to_string(i) + " draws the picture of run 0 (" +
+                           std::to_string(differ) + " pixels differ)");
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -90,6 +141,9 @@ int main(int argc, char** argv) {
 
   checkPicture(gallery, path, 900, 760, "");
   checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
+  checkLiteArrowIsFlat(gallery, path);
+  // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
+  checkSamePictureEveryRun(gallery, path, 12);
 
   check(run({gallery, "--size", "12by4", "--out", path}) == 1, "a bad --size exits 1");
   check(run({gallery, "--only", "no-such-shape", "--out", path}) == 1, "an unknown --only exits 1");

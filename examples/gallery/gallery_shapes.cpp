@@ -6,6 +6,8 @@
 #include <functional>
 #include <map>
 
+#include "gallery_catalog.h"
+
 namespace gallery {
 namespace {
 
@@ -14,7 +16,6 @@ constexpr double kPi = 3.14159265358979323846;
 // Colours in the library's 0xBBGGRR layout. None is green: green is the highlight colour.
 constexpr unsigned long kRed = 0x3040E0ul;
 constexpr unsigned long kOrange = 0x2090F0ul;
-constexpr unsigned long kGold = 0x20C8E8ul;
 constexpr unsigned long kBlue = 0xE08040ul;
 constexpr unsigned long kSky = 0xF0C060ul;
 constexpr unsigned long kViolet = 0xD050A0ul;
@@ -79,7 +80,10 @@ double arrowLength(double length, double fracLength, int heads) {
 void arrow(Cell& cell, int heads, bool lite) {
   const double length = 1.7;
   const double frac = 0.7;
-  auto* a = cell.add(new CGLArrow(length, 0.3, lite, heads, frac, 0.4));
+  // A lite arrow's line shaft has no normal of its own: lit, it would take the normal of
+  // whichever shape the scene drew before it, and that order follows heap addresses.
+  auto* a = cell.add(new CGLArrow(length, 0.3, lite, heads, frac, 0.4),
+                     lite ? Layer::Flat : Layer::Lit);
   a->ColorSet(lite ? kGold : kRed);
   pointUpRight(a, arrowLength(length, frac, heads));
 }
@@ -129,7 +133,7 @@ using Builder = std::function<void(Cell&)>;
 
 const std::map<std::string, Builder>& builders() {
   static const std::map<std::string, Builder> table = {
-      {"sphere",
+      {"sphere-alpha",
        [](Cell& c) {
          auto* s = c.add(new CGLSphere(0.95), Layer::Translucent);
          s->ColorSet(kBlue);
@@ -154,7 +158,7 @@ const std::map<std::string, Builder>& builders() {
          k->ColorSet(kSteel);
          standUp(k, 1.4);
        }},
-      {"torus-full",
+      {"torus-selected",
        [](Cell& c) {
          // Angles of the torus are in degrees.
          auto* t = c.add(new CGLTorus(0.28, 0.8, 0.0, 360.0));
@@ -162,18 +166,18 @@ const std::map<std::string, Builder>& builders() {
          t->Rotate(-0.9, 0.0, 0.0);
          t->Select(true);
        }},
-      {"torus-half",
+      {"torus-180",
        [](Cell& c) {
          auto* t = c.add(new CGLTorus(0.28, 0.8, 0.0, 180.0));
          t->ColorSet(kRed);
          t->Rotate(-0.5, 0.0, 0.0);
          t->Move(0.0, -0.35, 0.0);
        }},
-      {"arrow-1", [](Cell& c) { arrow(c, 1, false); }},
-      {"arrow-2", [](Cell& c) { arrow(c, 2, false); }},
-      {"arrow-3", [](Cell& c) { arrow(c, 3, false); }},
+      {"arrow-1-head", [](Cell& c) { arrow(c, 1, false); }},
+      {"arrow-2-heads", [](Cell& c) { arrow(c, 2, false); }},
+      {"arrow-3-heads", [](Cell& c) { arrow(c, 3, false); }},
       {"arrow-lite", [](Cell& c) { arrow(c, 1, true); }},
-      {"axis",
+      {"axis-triad",
        [](Cell& c) {
          auto* a = c.add(new CGLAxis(1.1, 0.12, false), Layer::Lit, true);
          a->ColorSet(kGold);
@@ -182,14 +186,14 @@ const std::map<std::string, Builder>& builders() {
        }},
       {"polyline", polyline},
       {"belt-full", [](Cell& c) { belt(c, 16); }},
-      {"belt-1", [](Cell& c) { belt(c, 1); }},
-      {"belt-2", [](Cell& c) { belt(c, 2); }},
-      {"belt-4", [](Cell& c) { belt(c, 4); }},
-      {"belt-8", [](Cell& c) { belt(c, 8); }},
-      {"compression-open", [](Cell& c) { spring(c, 0, 0, true, Layer::Lit); }},
-      {"compression-closed", [](Cell& c) { spring(c, 0, 1, true, Layer::Lit); }},
-      {"compression-schematic", [](Cell& c) { spring(c, 0, 8, true, Layer::Flat); }},
-      {"compression-wireframe",
+      {"belt-type-1", [](Cell& c) { belt(c, 1); }},
+      {"belt-type-2", [](Cell& c) { belt(c, 2); }},
+      {"belt-type-4", [](Cell& c) { belt(c, 4); }},
+      {"belt-type-8", [](Cell& c) { belt(c, 8); }},
+      {"spring-open", [](Cell& c) { spring(c, 0, 0, true, Layer::Lit); }},
+      {"spring-closed", [](Cell& c) { spring(c, 0, 1, true, Layer::Lit); }},
+      {"spring-schematic", [](Cell& c) { spring(c, 0, 8, true, Layer::Flat); }},
+      {"spring-wireframe",
        [](Cell& c) {
          // Fewer, thicker sides, so that the wires show.
          spring(c, 0, 0, false, Layer::Wire)->SetQuality(12);
@@ -202,8 +206,8 @@ const std::map<std::string, Builder>& builders() {
 
 std::vector<PlacedShape> buildShapes(const std::string& name, Point2 centre, double scale) {
   Cell cell(centre, scale);
-  const std::string tension = "tension-";
-  const std::string schematic = "tension-schematic-";
+  const std::string tension = "tension-end-";
+  const std::string schematic = "tension-lines-";
   const auto found = builders().find(name);
   if (found != builders().end()) {
     found->second(cell);

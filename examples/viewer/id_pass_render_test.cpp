@@ -57,14 +57,14 @@ class IdPassRender : public ::testing::Test {
 
 TEST_F(IdPassRender, ACellCentrePicksTheShapeDrawnThere) {
   for (const char* name :
-       {"cylinder-closed", "cone-pointed", "cone-truncated", "arrow-1", "compression-closed"}) {
+       {"cylinder-closed", "cone-pointed", "cone-truncated", "arrow-1-head", "spring-closed"}) {
     const auto [x, y] = centreOf(name);
     EXPECT_EQ(entryPickedAt(x, y), std::optional<std::string>(name)) << name;
   }
 }
 
 TEST_F(IdPassRender, TheTranslucentSphereIsPickedBeforeTheRodInside) {
-  const auto [x, y] = centreOf("sphere");
+  const auto [x, y] = centreOf("sphere-alpha");
   const viewer::IdImage image = viewer::renderIdImage(*scene_, layout_, gallery::Orbit());
   const std::optional<std::size_t> i = viewer::pickAt(image, x, y, scene_->shapeCount());
   ASSERT_TRUE(i.has_value());

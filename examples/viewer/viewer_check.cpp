@@ -1,6 +1,7 @@
 // Runs the viewer on the display it is given (ctest runs this under xvfb-run) and checks what it
 // did: a click on a shape selects it, so that its cell alone shows the highlight colour in the
-// screenshot; a click on the background selects nothing; the program exits 0.
+// screenshot; a click on the background selects nothing; separate runs show the same screenshot;
+// the program exits 0.
 //   lumagrid_viewer_check PATH-TO-VIEWER
 #include <filesystem>
 #include <iostream>
@@ -86,6 +87,26 @@ void checkClickOnBackground(const std::string& viewer, const std::string& path) 
   check(highlight < 5, "nothing shows the highlight colour (" + std::to_string(highlight) + ")");
 }
 
+// Separate runs put the shapes at other addresses, and so draw them in another order; the
+// screenshot must not change.
+void checkSameScreenshotEveryRun(const std::string& viewer, const std::string& path, int runs) {
+  Image first;
+  for (int i = 0; i < runs; ++i) {
+    Image image;
+    std::string out;
+    if (!runViewer(viewer, path, 1, 1, &image, &out)) {
+      return;
+    }
+    if (i == 0) {
+      first = image;
+      continue;
+    }
+    const std::size_t differ = gallery::check::differingPixels(first, image);
+    check(differ == 0, "run " + std::to_string(i) + " shows the screenshot of run 0 (" +
+                           std::to_string(differ) + " pixels differ)");
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -102,6 +123,7 @@ int main(int argc, char** argv) {
 
   checkClickOnShape(viewer, path);
   checkClickOnBackground(viewer, path);
+  checkSameScreenshotEveryRun(viewer, path, 6);
   check(gallery::check::run({viewer, "--click", "12;4"}) == 1, "a bad --click exits 1");
 
   std::error_code ec;
