@@ -607,8 +607,9 @@ class SceneFuzzer {
     // Null, or a member added once more: stored, drawn (null skipped), deleted once.
     Node& target = m_live.at(g);
     if (how % 8 == 0 || (how % 8 == 1 && !target.kids.empty())) {
-      CGLObject* again =
-          how % 8 == 0 ? nullptr : target.kids[static_cast<std::size_t>(how / 8) % target.kids.size()];
+      CGLObject* again = how % 8 == 0
+                             ? nullptr
+                             : target.kids[static_cast<std::size_t>(how / 8) % target.kids.size()];
       FUZZ_CHECK(target.group->Add(again) == target.members);
       ++target.members;
       return;

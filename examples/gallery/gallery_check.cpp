@@ -94,14 +94,14 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
   }
   const gallery::Layout layout(1, image.width, image.height);
   const gallery::Rgb8 gold = gallery::rgb8(gallery::kGold);
-  const std::size_t drawn = count(image, layout.shapeArea(0),
-                                  [](const std::uint8_t* p) { return !isBackground(p); });
+  const std::size_t drawn =
+      count(image, layout.shapeArea(0), [](const std::uint8_t* p) { return !isBackground(p); });
   const std::size_t flat =
       count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) { return near(p, gold); });
   // Multisampled edges blend with the background; the rest is the colour itself.
   check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
-                                            std::to_string(flat) + " of " +
-                                            std::to_string(drawn) + " pixels)");
+                                            std::to_string(flat) + " of " + std::to_string(drawn) +
+                                            " pixels)");
 }
 
 // Separate processes put the shapes at other addresses, and so draw them in another order; the

@@ -82,8 +82,8 @@ void arrow(Cell& cell, int heads, bool lite) {
   const double frac = 0.7;
   // A lite arrow's line shaft has no normal of its own: lit, it would take the normal of
   // whichever shape the scene drew before it, and that order follows heap addresses.
-  auto* a = cell.add(new CGLArrow(length, 0.3, lite, heads, frac, 0.4),
-                     lite ? Layer::Flat : Layer::Lit);
+  auto* a =
+      cell.add(new CGLArrow(length, 0.3, lite, heads, frac, 0.4), lite ? Layer::Flat : Layer::Lit);
   a->ColorSet(lite ? kGold : kRed);
   pointUpRight(a, arrowLength(length, frac, heads));
 }

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
@@ -53,6 +54,48 @@ TEST_F(CGLMatrixGuardTest, GroupDrawWithoutGuardUnderflows) {
   group->Draw();
   EXPECT_EQ(1, glrec::recorder().underflows(GL_MODELVIEW));
   EXPECT_EQ(GL_STACK_UNDERFLOW, glGetError());
+}
+
+// A host that pushes its camera and draws, without a spare matrix, a group and then a shape.
+struct CameraFrame {
+  double memberZ;  // eye z of the group's member
+  double laterZ;   // eye z of the shape drawn after the group
+  int underflows;  // after the host's own closing pop
+};
+
+CameraFrame DrawUnderPushedCamera(bool guarded) {
+  const int underflowsBefore = glrec::recorder().underflows(GL_MODELVIEW);
+  glLoadIdentity();
+  glPushMatrix();
+  glTranslated(0.0, 0.0, -5.0);  // the camera
+  glrec::recorder().clearCalls();
+  std::unique_ptr<CGLGroup> group(new CGLGroup);
+  group->Add(new QuadShape);
+  QuadShape later;
+  {
+    std::unique_ptr<CGLMatrixGuard> guard(guarded ? new CGLMatrixGuard(1) : nullptr);
+    group->Draw();
+    later.Draw();
+  }
+  glPopMatrix();
+  const std::vector<glrec::Primitive>& drawn = glrec::recorder().primitives();
+  if (drawn.size() != 2) {
+    ADD_FAILURE() << drawn.size() << " primitives";
+    return {};
+  }
+  return {drawn[0].eyeVertices[0][2], drawn[1].eyeVertices[0][2],
+          glrec::recorder().underflows(GL_MODELVIEW) - underflowsBefore};
+}
+
+TEST_F(CGLMatrixGuardTest, WithoutSpareMatrixShapesAfterAGroupLoseAPushedCamera) {
+  const CameraFrame bare = DrawUnderPushedCamera(false);
+  EXPECT_EQ(bare.memberZ, -5.0);  // members are drawn before the extra pop
+  EXPECT_EQ(bare.laterZ, 0.0);    // the camera was popped: drawn at the eye
+  EXPECT_EQ(bare.underflows, 1);  // the host's own pop finds the stack empty
+  const CameraFrame guarded = DrawUnderPushedCamera(true);
+  EXPECT_EQ(guarded.memberZ, -5.0);
+  EXPECT_EQ(guarded.laterZ, -5.0);
+  EXPECT_EQ(guarded.underflows, 0);
 }
 
 TEST_F(CGLMatrixGuardTest, GroupThatPopsTwiceLeavesDepthAndMatrix) {

@@ -202,6 +202,28 @@ TEST(CGLObjectRotate, RotateAppliesXThenYThenZ) {
   EXPECT_TRUE(o.m_bModified);
 }
 
+// The reading the host's guide gives: a point of the shape is turned about z first, then y,
+// then x, all axes of the shape's own frame (as glRotated x, y, z in that call order would).
+TEST(CGLObjectRotate, RotateTurnsAPointAboutZThenYThenX) {
+  const double quarter = 1.5707963267948966;
+  ObjectProbe o = Clean();
+  o.Rotate(quarter, quarter, 0.0);
+  vec3d p(1.0, 0.0, 0.0);
+  o.m_matrix.transform(p);
+  // About y: (1, 0, 0) -> (0, 0, -1); then about x: (0, 0, -1) -> (0, 1, 0).
+  EXPECT_NEAR(p.x(), 0.0, 1e-15);
+  EXPECT_NEAR(p.y(), 1.0, 1e-15);
+  EXPECT_NEAR(p.z(), 0.0, 1e-15);
+  ObjectProbe zy = Clean();
+  zy.Rotate(0.0, quarter, quarter);
+  vec3d q(1.0, 0.0, 0.0);
+  zy.m_matrix.transform(q);
+  // About z: (1, 0, 0) -> (0, 1, 0); about y it stays.
+  EXPECT_NEAR(q.x(), 0.0, 1e-15);
+  EXPECT_NEAR(q.y(), 1.0, 1e-15);
+  EXPECT_NEAR(q.z(), 0.0, 1e-15);
+}
+
 TEST(CGLObjectRotate, RotateAboutYAlsoAppliesTheZeroRotations) {
   ObjectProbe o;
   o.Rotate(0.0, 0.5, 0.0);

@@ -282,7 +282,8 @@ TEST_F(CGLSceneTest, NullShapeIsSkippedByEveryPass) {
     EXPECT_EQ(drawn, ExpectedOrder({a, b}));
     drawn.clear();
     EXPECT_EQ(scene.SetMatrix(Identity()), 1);
-    double raw[16] = {2.0, 0.0, 0.0, 0.0, 0.0, 2.0, 0.0, 0.0, 0.0, 0.0, 2.0, 0.0, 0.0, 0.0, 0.0, 1.0};
+    double raw[16] = {2.0, 0.0, 0.0, 0.0, 0.0, 2.0, 0.0, 0.0,
+                      0.0, 0.0, 2.0, 0.0, 0.0, 0.0, 0.0, 1.0};
     EXPECT_EQ(scene.SetMatrix(raw), 1);
     EXPECT_EQ(drawn.size(), 4u);  // each shape twice, nothing for null
     EXPECT_EQ(static_cast<const double*>(a->m_matrix)[0], 2.0);

@@ -12,7 +12,8 @@ foreach(f include/lumagrid/testing/GLRecorder.h include/lumagrid/testing/Matcher
           ${LIBDIR}/liblumagrid-headless.a ${LIBDIR}/pkgconfig/lumagrid-glrecorder.pc
           ${LIBDIR}/pkgconfig/lumagrid-headless.pc
           ${LIBDIR}/cmake/Lumagrid/LumagridGlrecorderTargets.cmake
-          ${LIBDIR}/cmake/Lumagrid/LumagridHeadlessTargets.cmake)
+          ${LIBDIR}/cmake/Lumagrid/LumagridHeadlessTargets.cmake
+          share/doc/lumagrid/testing-kit.md)
   if(NOT EXISTS "${prefix}/${f}")
     message(FATAL_ERROR "missing from the install tree: ${f}")
   endif()

@@ -38,6 +38,11 @@ void expectMatrixNear(const glrec::Matrix& actual, const glrec::Matrix& expected
 
 // ------------------------------------------------------------------ formatting
 
+// This program links the library's objects and the double, no libGL: nothing is imported.
+TEST(GLRecorderUnrecorded, ProgramWithoutLibGLImportsNoEntryPoint) {
+  EXPECT_EQ(glrec::unrecordedEntryPoints(), std::vector<std::string>{});
+}
+
 TEST(GLRecorderFormat, DoublesPrintInShortestRoundTripForm) {
   EXPECT_EQ(glrec::format(0.2 * 0.4), "0.08000000000000002");
   EXPECT_EQ(glrec::format(0.08), "0.08");

@@ -5,13 +5,16 @@
 //   target_link_libraries(my_test PRIVATE my_drawing_code Lumagrid::lumagrid
 //                         Lumagrid::glrecorder GTest::gmock_main)
 //
-// Link Lumagrid::glrecorder instead of libGL, libGLU and libgle (never beside OpenGL::GL): it
-// defines, with C linkage, every entry point Lumagrid calls and the ones a host commonly calls
-// around a draw. Each call is recorded in order with its arguments, and what a caller reads back
-// is emulated: display-list names and contents, glIsList, the three matrix stacks and their
-// depths, glGet* of the state the double tracks, GL errors, GLE's join style and number of sides.
-// An entry point the double does not define is left undefined, so a program that calls one fails
-// to link with "undefined reference to `glXxx'" rather than reaching a real GL with no context.
+// Lumagrid::glrecorder goes into the program whole and defines, with C linkage, every entry point
+// Lumagrid calls and the ones a host commonly calls around a draw; those definitions win over
+// the libGL, libGLU and libgle that Lumagrid::lumagrid brings along. Each call is recorded in
+// order with its arguments, and what a caller reads back is emulated: display-list names and
+// contents, glIsList, the three matrix stacks and their depths, glGet* of the state the double
+// tracks, GL errors, GLE's join style and number of sides. A call to an entry point the double
+// lacks reaches the real library instead: unrecordedEntryPoints() lists them.
+//
+// The whole reference (entry points, log format, emulated state, queries) is
+// share/doc/lumagrid/testing-kit.md in the install tree.
 //
 //   glrec::recorder().reset();                  // before constructing the objects under test
 //   drawMyScene();
@@ -344,5 +347,11 @@ class Recorder {
 
 // The recorder.
 Recorder& recorder();
+
+// GL, GLU and GLE entry points the program imports from the real libraries: calls the double
+// does not take, which therefore go unrecorded (and, with no context current, do nothing).
+// Sorted; empty when the double takes every call the program makes. A host's test suite checks
+// it once: EXPECT_TRUE(glrec::unrecordedEntryPoints().empty()).
+std::vector<std::string> unrecordedEntryPoints();
 
 }  // namespace glrec

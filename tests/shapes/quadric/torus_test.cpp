@@ -167,32 +167,28 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 // 20 sides: a sweep of d degrees takes floor(d * 20 / 360) + 4 samples, at most 2^20.
 INSTANTIATE_TEST_SUITE_P(
     BadAngles, TorusUnsampled,
-    ::testing::Values(UnsampledRing{"NaNStart", kNaN, 360.0},
-                      UnsampledRing{"InfiniteStart", kInf, 360.0},
-                      UnsampledRing{"MinusInfiniteStart", -kInf, 90.0},
-                      UnsampledRing{"NaNSweep", 0.0, kNaN},
-                      UnsampledRing{"InfiniteSweep", 0.0, kInf},
-                      UnsampledRing{"MinusInfiniteSweep", 45.0, -kInf},
-                      UnsampledRing{"SweepOverTwoToTheTwentySamples", 0.0, 18874296.0},
-                      UnsampledRing{"NegativeSweepOverTheLimit", 0.0, -1.0e9}),
+    ::testing::Values(
+        UnsampledRing{"NaNStart", kNaN, 360.0}, UnsampledRing{"InfiniteStart", kInf, 360.0},
+        UnsampledRing{"MinusInfiniteStart", -kInf, 90.0}, UnsampledRing{"NaNSweep", 0.0, kNaN},
+        UnsampledRing{"InfiniteSweep", 0.0, kInf}, UnsampledRing{"MinusInfiniteSweep", 45.0, -kInf},
+        UnsampledRing{"SweepOverTwoToTheTwentySamples", 0.0, 18874296.0},
+        UnsampledRing{"NegativeSweepOverTheLimit", 0.0, -1.0e9}),
     [](const ::testing::TestParamInfo<UnsampledRing>& info) { return info.param.name; });
 
 TEST_F(Torus, LongestSampledSweepStillReachesGle) {
   // floor(18874295 * 20 / 360) + 4 = 1048575 samples, one short of 2^20.
   const double sweep = 18874295.0;
   CGLTorus torus(0.1, 1.0, 0.0, sweep);
-  EXPECT_LINES(
-      (Lines{line("gleSetJoinStyle", 530), line("gleGetNumSides"),
-             line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, sweep)}),
-      CompiledBody(torus));
+  EXPECT_LINES((Lines{line("gleSetJoinStyle", 530), line("gleGetNumSides"),
+                      line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, sweep)}),
+               CompiledBody(torus));
 }
 
 TEST_F(Torus, SweepsWithinOneTurnDoNotAskForTheSides) {
   for (const double sweep : {360.0, -360.0, 359.5, 1.0e-300}) {
     CGLTorus torus(0.1, 1.0, 1.0e300, sweep);
-    EXPECT_LINES((Lines{line("gleSetJoinStyle", 530),
-                        line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 1.0e300,
-                             sweep)}),
+    EXPECT_LINES((Lines{line("gleSetJoinStyle", 530), line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0,
+                                                           nullptr, nullptr, 1.0e300, sweep)}),
                  CompiledBody(torus));
     recorder().reset();
   }
