@@ -160,4 +160,22 @@ std::size_t differingPixels(const Image& a, const Image& b) {
   return differ;
 }
 
+void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOnce) {
+  Image first;
+  for (int i = 0; i < runs; ++i) {
+    Image image;
+    if (!runOnce(&image)) {
+      check(false, "run " + std::to_string(i) + " gives a picture");
+      return;
+    }
+    if (i == 0) {
+      first = image;
+      continue;
+    }
+    const std::size_t differ = differingPixels(first, image);
+    check(differ == 0, "run " + std::to_string(i) + " gives the picture of run 0 (" +
+                           std::to_string(differ) + " pixels differ)");
+  }
+}
+
 }  // namespace gallery::check

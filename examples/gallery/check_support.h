@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,11 @@ std::size_t distinctColours(const Image& image);
 
 // Pixels that differ between a and b; every pixel of the larger when their sizes differ.
 std::size_t differingPixels(const Image& a, const Image& b);
+
+// Calls runOnce `runs` times (each runs the program in a process of its own and reads its
+// picture, false when there is none) and checks every picture against the first. Separate
+// processes put the shapes at other addresses, and so draw them in another order.
+void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOnce);
 
 // A new empty file named like lumagrid-STEM-XXXXXX.png in the temporary folder, or "".
 std::string temporaryPng(const std::string& stem);

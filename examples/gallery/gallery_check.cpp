@@ -104,27 +104,6 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
                                             " pixels)");
 }
 
-// Separate processes put the shapes at other addresses, and so draw them in another order; the
-// picture must not change.
-void checkSamePictureEveryRun(const std::string& gallery, const std::string& path, int runs) {
-  Image first;
-  for (int i = 0; i < runs; ++i) {
-    check(run({gallery, "--out", path, "--size", "420x350"}) == 0, "run " + std::to_string(i));
-    Image image;
-    if (!readPng(path, &image)) {
-      check(false, "run " + std::to_string(i) + ": the PNG decodes");
-      return;
-    }
-    if (i == 0) {
-      first = image;
-      continue;
-    }
-    const std::size_t differ = gallery::check::differingPixels(first, image);
-    check(differ == 0, "run " + std::to_string(i) + " draws the picture of run 0 (" +
-                           std::to_string(differ) + " pixels differ)");
-  }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -143,7 +122,9 @@ int main(int argc, char** argv) {
   checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
   checkLiteArrowIsFlat(gallery, path);
   // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
-  checkSamePictureEveryRun(gallery, path, 12);
+  gallery::check::checkSamePictureEveryRun(12, [&](Image* image) {
+    return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
+  });
 
   check(run({gallery, "--size", "12by4", "--out", path}) == 1, "a bad --size exits 1");
   check(run({gallery, "--only", "no-such-shape", "--out", path}) == 1, "an unknown --only exits 1");
