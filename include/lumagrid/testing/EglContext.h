@@ -10,6 +10,8 @@
 //   if (!gl.ok()) { std::cerr << gl.error() << '\n'; return 1; }
 //   scene.DrawGLShapes();
 //   gl.savePng("scene.png");
+//
+// The kit's reference is share/doc/lumagrid/testing-kit.md in the install tree.
 #pragma once
 
 #include <cstddef>
