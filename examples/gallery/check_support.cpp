@@ -116,9 +116,12 @@ bool readPng(const std::string& path, Image* image) {
   return true;
 }
 
+int colourDistance(const std::uint8_t* p, const Rgb8& c) {
+  return std::abs(p[0] - c.r) + std::abs(p[1] - c.g) + std::abs(p[2] - c.b);
+}
+
 bool isBackground(const std::uint8_t* p) {
-  const Rgb8 bg = kBackground;
-  return std::abs(p[0] - bg.r) + std::abs(p[1] - bg.g) + std::abs(p[2] - bg.b) <= 24;
+  return colourDistance(p, kBackground) <= 24;
 }
 
 bool isHighlight(const std::uint8_t* p) {

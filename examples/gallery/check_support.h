@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "gallery_catalog.h"
 #include "gallery_layout.h"
 
 namespace gallery::check {
@@ -34,6 +35,9 @@ struct Image {
 };
 
 bool readPng(const std::string& path, Image* image);
+
+// How far pixel p is from colour c: the sum of the three channels' differences.
+int colourDistance(const std::uint8_t* p, const gallery::Rgb8& c);
 
 // The gallery's background, give or take the rasteriser's rounding.
 bool isBackground(const std::uint8_t* p);

@@ -3,7 +3,6 @@
 // the program's exit status says what happened (0, or 2 without an OpenGL context), the lite arrow
 // shows its own colour, and separate runs draw the same picture.
 //   lumagrid_gallery_check PATH-TO-GALLERY
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -76,11 +75,6 @@ void checkPicture(const std::string& gallery, const std::string& path, int width
   }
 }
 
-// Pixels within one step of colour c in each channel.
-bool near(const std::uint8_t* p, const gallery::Rgb8& c) {
-  return std::abs(p[0] - c.r) <= 1 && std::abs(p[1] - c.g) <= 1 && std::abs(p[2] - c.b) <= 1;
-}
-
 // The lite arrow's line shaft has no normal: it must be drawn where its look does not depend on
 // what the scene drew before it, which follows heap addresses. Unlit, it shows its colour.
 void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
@@ -96,8 +90,9 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
   const gallery::Rgb8 gold = gallery::rgb8(gallery::kGold);
   const std::size_t drawn =
       count(image, layout.shapeArea(0), [](const std::uint8_t* p) { return !isBackground(p); });
-  const std::size_t flat =
-      count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) { return near(p, gold); });
+  const std::size_t flat = count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) {
+    return gallery::check::colourDistance(p, gold) <= 3;
+  });
   // Multisampled edges blend with the background; the rest is the colour itself.
   check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
                                             std::to_string(flat) + " of " + std::to_string(drawn) +
