@@ -3,25 +3,26 @@
 // the program's exit status says what happened (0, or 2 without an OpenGL context), the lite arrow
 // shows its own colour, and separate runs draw the same picture.
 //   lumagrid_gallery_check PATH-TO-GALLERY
-#include <filesystem>
-#include <iostream>
 #include <string>
 #include <vector>
 
 #include "check_support.h"
+#include "command_line.h"
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
 namespace {
 
-using gallery::check::check;
-using gallery::check::count;
-using gallery::check::distinctColours;
-using gallery::check::Image;
-using gallery::check::isBackground;
-using gallery::check::isHighlight;
-using gallery::check::readPng;
-using gallery::check::run;
+using examples::code;
+using examples::Exit;
+using examples::check::check;
+using examples::check::count;
+using examples::check::distinctColours;
+using examples::check::Image;
+using examples::check::isBackground;
+using examples::check::isHighlight;
+using examples::check::readPng;
+using examples::check::run;
 
 // Runs the gallery into path at width x height (one entry when only is set) and checks the cells.
 void checkPicture(const std::string& gallery, const std::string& path, int width, int height,
@@ -33,7 +34,7 @@ void checkPicture(const std::string& gallery, const std::string& path, int width
     args.push_back(only);
   }
   const std::string what = only.empty() ? "gallery" : "gallery --only " + only;
-  check(run(args) == 0, what + " exits 0 (no GL error)");
+  check(run(args) == code(Exit::Ok), what + " exits 0 (no GL error)");
   Image image;
   const bool decoded = readPng(path, &image);
   check(decoded, what + ": the PNG decodes");
@@ -91,7 +92,7 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
   const std::size_t drawn =
       count(image, layout.shapeArea(0), [](const std::uint8_t* p) { return !isBackground(p); });
   const std::size_t flat = count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) {
-    return gallery::check::colourDistance(p, gold) <= 3;
+    return examples::check::colourDistance(p, gold) <= 3;
   });
   // Multisampled edges blend with the background; the rest is the colour itself.
   check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
@@ -99,36 +100,37 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
                                             " pixels)");
 }
 
+// --help names every shape; a bad command line, and a missing EGL driver, exit with their status.
+void checkCommandLine(const std::string& gallery, const std::string& path) {
+  std::string help;
+  check(run({gallery, "--help"}, {}, &help) == code(Exit::Ok), "--help exits 0");
+  bool everyName = true;
+  for (const gallery::Entry& e : gallery::catalog()) {
+    everyName = everyName && help.find(e.name) != std::string::npos;
+  }
+  check(everyName, "--help names every shape");
+  check(run({gallery, "--size", "12by4", "--out", path}) == code(Exit::BadCommandLine),
+        "a bad --size exits 1");
+  check(run({gallery, "--only", "no-such-shape", "--out", path}) == code(Exit::BadCommandLine),
+        "an unknown --only exits 1");
+  // GLVND finds no EGL driver: the program must say so and exit 2, not crash.
+  check(run({gallery, "--out", path}, {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent.json"}) ==
+            code(Exit::NoContext),
+        "no EGL driver exits 2");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: lumagrid_gallery_check PATH-TO-GALLERY\n";
-    return 2;
-  }
-  const std::string gallery = argv[1];
-  const std::string path = gallery::check::temporaryPng("gallery");
-  if (path.empty()) {
-    std::cerr << "cannot create a temporary file\n";
-    return 2;
-  }
-
-  checkPicture(gallery, path, 900, 760, "");
-  checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
-  checkLiteArrowIsFlat(gallery, path);
-  // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
-  gallery::check::checkSamePictureEveryRun(12, [&](Image* image) {
-    return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
-  });
-
-  check(run({gallery, "--size", "12by4", "--out", path}) == 1, "a bad --size exits 1");
-  check(run({gallery, "--only", "no-such-shape", "--out", path}) == 1, "an unknown --only exits 1");
-  // GLVND finds no EGL driver: the program must say so and exit 2, not crash.
-  check(run({gallery, "--out", path}, {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent.json"}) == 2,
-        "no EGL driver exits 2");
-
-  std::error_code ec;
-  std::filesystem::remove(path, ec);
-  std::cout << (gallery::check::failures() == 0 ? "all checks passed\n" : "some checks failed\n");
-  return gallery::check::failures() == 0 ? 0 : 1;
+  return examples::check::checkProgram(
+      argc, argv, "gallery", [](const std::string& gallery, const std::string& path) {
+        checkPicture(gallery, path, 900, 760, "");
+        checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
+        checkLiteArrowIsFlat(gallery, path);
+        // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
+        examples::check::checkSamePictureEveryRun(12, [&](Image* image) {
+          return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
+        });
+        checkCommandLine(gallery, path);
+      });
 }

@@ -1,89 +1,57 @@
 #include "gallery_options.h"
 
-#include <cstdlib>
+#include <CLI/CLI.hpp>
+
 #include <sstream>
 
+#include "command_line.h"
 #include "gallery_catalog.h"
 
 namespace gallery {
 namespace {
 
-constexpr int kMinSide = 64;
-constexpr int kMaxSide = 8192;
+constexpr std::size_t kLineWidth = 78;
 
-bool parseSide(const std::string& text, int* side) {
-  if (text.empty() || text.size() > 5 ||
-      text.find_first_not_of("0123456789") != std::string::npos) {
-    return false;
-  }
-  *side = std::atoi(text.c_str());
-  return *side >= kMinSide && *side <= kMaxSide;
-}
+// Refuses a name the catalogue does not hold; the help lists them all.
+const CLI::Validator kShapeName(
+    [](const std::string& name) {
+      return findEntry(name) == catalog().size() ? "no shape called '" + name + "'" : std::string();
+    },
+    "");
 
-}  // namespace
-
-bool parseSize(const std::string& text, int* width, int* height, std::string* error) {
-  const std::size_t x = text.find('x');
-  if (x == std::string::npos || !parseSide(text.substr(0, x), width) ||
-      !parseSide(text.substr(x + 1), height)) {
-    *error = "--size wants WIDTHxHEIGHT, each " + std::to_string(kMinSide) + " to " +
-             std::to_string(kMaxSide) + ", not '" + text + "'";
-    return false;
-  }
-  return true;
-}
-
-bool parseOptions(int argc, const char* const* argv, Options* options, std::string* error) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string arg = argv[i];
-    const bool hasValue = i + 1 < argc;
-    if (arg == "--help" || arg == "-h") {
-      options->help = true;
-    } else if (arg == "--out" && hasValue) {
-      options->out = argv[++i];
-    } else if (arg == "--size" && hasValue) {
-      if (!parseSize(argv[++i], &options->width, &options->height, error)) {
-        return false;
-      }
-    } else if (arg == "--only" && hasValue) {
-      options->only = argv[++i];
-      if (findEntry(options->only) == catalog().size()) {
-        *error = "--only: no shape called '" + options->only + "' (see --help)";
-        return false;
-      }
-    } else if (arg == "--out" || arg == "--size" || arg == "--only") {
-      *error = arg + " needs a value";
-      return false;
-    } else {
-      *error = "unknown argument '" + arg + "' (see --help)";
-      return false;
-    }
-  }
-  return true;
-}
-
-std::string usage(const std::string& program) {
+// "Shape names:" and every name, wrapped.
+std::string shapeNames() {
   std::ostringstream s;
-  s << "Usage: " << program << " [--out FILE] [--size WxH] [--only NAME]\n"
-    << "Renders every Lumagrid shape and variant into a labelled grid, headless (EGL on Mesa's\n"
-    << "llvmpipe, no display needed), and writes it as a PNG.\n\n"
-    << "  --out FILE    picture to write (default gallery.png)\n"
-    << "  --size WxH    its size in pixels (default 1200x1000)\n"
-    << "  --only NAME   draw one shape alone, e.g. for a bug report\n"
-    << "  --help        this text\n\n"
-    << "Shape names:";
-  int column = 80;
+  s << "Shape names:";
+  std::size_t column = kLineWidth + 2;
   for (const Entry& e : catalog()) {
-    if (column + e.name.size() + 1 > 78) {
+    if (column + e.name.size() + 1 > kLineWidth) {
       s << "\n ";
       column = 1;
     }
     s << ' ' << e.name;
-    column += static_cast<int>(e.name.size()) + 1;
+    column += e.name.size() + 1;
   }
-  s << "\n\nExit status: 0 on success, 1 on a bad command line or unwritable file, 2 when no\n"
-    << "OpenGL context can be had, 3 when OpenGL reported an error while drawing.\n";
   return s.str();
+}
+
+}  // namespace
+
+std::optional<int> parseOptions(int argc, const char* const* argv, Options* options) {
+  CLI::App app(
+      "Renders every Lumagrid shape and variant into a labelled grid, headless (EGL on Mesa's\n"
+      "llvmpipe, no display needed), and writes it as a PNG.",
+      "lumagrid-gallery");
+  app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  app.add_option("--out", options->out, "picture to write (default gallery.png)")
+      ->type_name("FILE");
+  examples::addSizeOption(app, &options->width, &options->height,
+                          "its size in pixels (default 1200x1000)");
+  app.add_option("--only", options->only, "draw one shape alone, e.g. for a bug report")
+      ->type_name("NAME")
+      ->check(kShapeName);
+  app.footer(shapeNames() + "\n\n" + examples::exitStatusHelp("OpenGL context"));
+  return examples::parseCommandLine(app, argc, argv);
 }
 
 }  // namespace gallery

@@ -1,6 +1,7 @@
 // Command line of the gallery program.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace gallery {
@@ -10,16 +11,10 @@ struct Options {
   int width = 1200;
   int height = 1000;
   std::string only;  // one entry's name, or empty for all
-  bool help = false;
 };
 
-// Fills *options from argv. Returns false and says why in *error on a bad command line.
-bool parseOptions(int argc, const char* const* argv, Options* options, std::string* error);
-
-// Reads "WIDTHxHEIGHT" into *width and *height. Returns false and says why in *error.
-bool parseSize(const std::string& text, int* width, int* height, std::string* error);
-
-// The --help text, entry names included.
-std::string usage(const std::string& program);
+// Fills *options from argv. Returns the status to exit with when the program stops here: after
+// --help, or a bad command line (said on stderr).
+std::optional<int> parseOptions(int argc, const char* const* argv, Options* options);
 
 }  // namespace gallery

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -9,6 +10,7 @@
 #include <lumagrid/testing/EglContext.h>
 #include <lumagrid/testing/GLErrors.h>
 
+#include "command_line.h"
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 #include "gallery_options.h"
@@ -30,21 +32,15 @@ std::string absolute(const std::string& path) {
 int main(int argc, char** argv) {
   const std::string program = "lumagrid-gallery";
   gallery::Options options;
-  std::string error;
-  if (!gallery::parseOptions(argc, argv, &options, &error)) {
-    std::cerr << program << ": " << error << '\n';
-    return 1;
-  }
-  if (options.help) {
-    std::cout << gallery::usage(program);
-    return 0;
+  if (const std::optional<int> status = gallery::parseOptions(argc, argv, &options)) {
+    return *status;
   }
 
   eglfixture::EglContext context(options.width, options.height, kSamples);
   if (!context.ok()) {
     std::cerr << program << ": no headless OpenGL context (EGL surfaceless platform, Mesa "
               << "llvmpipe): " << context.error() << '\n';
-    return 2;
+    return examples::code(examples::Exit::NoContext);
   }
 
   std::vector<std::size_t> entries;
@@ -65,9 +61,10 @@ int main(int argc, char** argv) {
   }  // the scene's display lists go while the context is still current
   const std::vector<std::string> glErrors = eglfixture::pendingGLErrors();
 
+  std::string error;
   if (!context.savePng(options.out, &error)) {
     std::cerr << program << ": cannot write " << options.out << ": " << error << '\n';
-    return 1;
+    return examples::code(examples::Exit::CannotWrite);
   }
   if (!glErrors.empty()) {
     std::cerr << program << ": OpenGL reported";
@@ -76,11 +73,11 @@ int main(int argc, char** argv) {
     }
     std::cerr << " while drawing; the picture was written to " << absolute(options.out)
               << " all the same\n";
-    return 3;
+    return examples::code(examples::Exit::GLError);
   }
   std::cout << "gallery: " << absolute(options.out) << " (" << options.width << 'x'
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
             << "x multisampling, " << eglfixture::EglContext::renderer() << ")\n";
-  return 0;
+  return examples::code(examples::Exit::Ok);
 }

@@ -9,9 +9,11 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "command_line.h"
 #include "screenshot.h"
 #include "viewer.h"
 #include "viewer_options.h"
@@ -86,7 +88,7 @@ void onDisplay() {
     std::cerr << " in frame " << app.frame << '\n';
   }
   if (app.options.frames > 0 && app.frame >= app.options.frames) {
-    int code = app.glError ? 3 : 0;
+    int code = examples::code(app.glError ? examples::Exit::GLError : examples::Exit::Ok);
     if (!app.options.screenshot.empty()) {
       std::string error;
       if (viewer::saveScreenshot(app.options.screenshot, app.viewer->width(), app.viewer->height(),
@@ -96,7 +98,7 @@ void onDisplay() {
       } else {
         std::cerr << kProgram << ": cannot write " << app.options.screenshot << ": " << error
                   << '\n';
-        code = 1;
+        code = examples::code(examples::Exit::CannotWrite);
       }
     }
     finish(code);
@@ -203,7 +205,7 @@ void onKey(unsigned char key, int /*x*/, int /*y*/) {
       break;
     case 'q':
     case kEscape:
-      finish(0);
+      finish(examples::code(examples::Exit::Ok));
     default:
       return;
   }
@@ -212,7 +214,7 @@ void onKey(unsigned char key, int /*x*/, int /*y*/) {
 
 // The window is going: its context is still current here.
 void onClose() {
-  finish(0);
+  finish(examples::code(examples::Exit::Ok));
 }
 
 // No display, no GLX visual: freeglut would exit 1, which reads as a bad command line.
@@ -220,21 +222,15 @@ void onGlutError(const char* format, va_list args) {
   std::fprintf(stderr, "%s: ", kProgram);
   std::vfprintf(stderr, format, args);
   std::fprintf(stderr, " (the viewer needs a display, e.g. xvfb-run)\n");
-  std::exit(2);
+  std::exit(examples::code(examples::Exit::NoContext));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   App app;
-  std::string error;
-  if (!viewer::parseOptions(argc, argv, &app.options, &error)) {
-    std::cerr << kProgram << ": " << error << '\n';
-    return 1;
-  }
-  if (app.options.help) {
-    std::cout << viewer::usage(kProgram);
-    return 0;
+  if (const std::optional<int> status = viewer::parseOptions(argc, argv, &app.options)) {
+    return *status;
   }
 
   // GLUT sees no argument of ours: they are not X options.

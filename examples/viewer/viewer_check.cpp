@@ -3,21 +3,23 @@
 // screenshot; a click on the background selects nothing; separate runs show the same screenshot;
 // the program exits 0.
 //   lumagrid_viewer_check PATH-TO-VIEWER
-#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "check_support.h"
+#include "command_line.h"
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
 namespace {
 
-using gallery::check::check;
-using gallery::check::count;
-using gallery::check::Image;
-using gallery::check::isHighlight;
+using examples::code;
+using examples::Exit;
+using examples::check::check;
+using examples::check::count;
+using examples::check::Image;
+using examples::check::isHighlight;
 
 constexpr int kWidth = 600;
 constexpr int kHeight = 500;
@@ -28,13 +30,14 @@ const char* const kClicked = "cone-pointed";
 bool runViewer(const std::string& viewer, const std::string& path, int x, int y, Image* image,
                std::string* out) {
   const std::string at = std::to_string(x) + "," + std::to_string(y);
-  const int status =
-      gallery::check::run({viewer, "--size", std::to_string(kWidth) + "x" + std::to_string(kHeight),
-                           "--frames", "3", "--click", at, "--screenshot", path},
-                          {}, out);
+  const int status = examples::check::run(
+      {viewer, "--size", std::to_string(kWidth) + "x" + std::to_string(kHeight), "--frames", "3",
+       "--click", at, "--screenshot", path},
+      {}, out);
   std::cout << "viewer said: " << *out;
-  check(status == 0, "viewer --click " + at + " exits 0 (status " + std::to_string(status) + ")");
-  const bool decoded = gallery::check::readPng(path, image);
+  check(status == code(Exit::Ok),
+        "viewer --click " + at + " exits 0 (status " + std::to_string(status) + ")");
+  const bool decoded = examples::check::readPng(path, image);
   check(decoded, "the screenshot decodes");
   if (!decoded) {
     return false;
@@ -45,7 +48,7 @@ bool runViewer(const std::string& viewer, const std::string& path, int x, int y,
   if (!sized) {
     return false;
   }
-  const std::size_t colours = gallery::check::distinctColours(*image);
+  const std::size_t colours = examples::check::distinctColours(*image);
   check(colours >= 500, "not blank (" + std::to_string(colours) + " distinct colours)");
   return true;
 }
@@ -90,27 +93,16 @@ void checkClickOnBackground(const std::string& viewer, const std::string& path) 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: lumagrid_viewer_check PATH-TO-VIEWER\n";
-    return 2;
-  }
-  const std::string viewer = argv[1];
-  const std::string path = gallery::check::temporaryPng("viewer");
-  if (path.empty()) {
-    std::cerr << "cannot create a temporary file\n";
-    return 2;
-  }
-
-  checkClickOnShape(viewer, path);
-  checkClickOnBackground(viewer, path);
-  gallery::check::checkSamePictureEveryRun(6, [&](Image* image) {
-    std::string out;
-    return runViewer(viewer, path, 1, 1, image, &out);
-  });
-  check(gallery::check::run({viewer, "--click", "12;4"}) == 1, "a bad --click exits 1");
-
-  std::error_code ec;
-  std::filesystem::remove(path, ec);
-  std::cout << (gallery::check::failures() == 0 ? "all checks passed\n" : "some checks failed\n");
-  return gallery::check::failures() == 0 ? 0 : 1;
+  return examples::check::checkProgram(
+      argc, argv, "viewer", [](const std::string& viewer, const std::string& path) {
+        checkClickOnShape(viewer, path);
+        checkClickOnBackground(viewer, path);
+        examples::check::checkSamePictureEveryRun(6, [&](Image* image) {
+          std::string out;
+          return runViewer(viewer, path, 1, 1, image, &out);
+        });
+        check(examples::check::run({viewer, "--help"}) == code(Exit::Ok), "--help exits 0");
+        check(examples::check::run({viewer, "--click", "12;4"}) == code(Exit::BadCommandLine),
+              "a bad --click exits 1");
+      });
 }

@@ -18,13 +18,11 @@ struct Options {
   std::string screenshot;  // written after the last frame when set
   std::optional<Click> click;
   std::string keys;  // typed after the click, before the first frame
-  bool help = false;
 };
 
-// Fills *options from argv. Returns false and says why in *error on a bad command line.
-bool parseOptions(int argc, const char* const* argv, Options* options, std::string* error);
-
-std::string usage(const std::string& program);
+// Fills *options from argv. Returns the status to exit with when the program stops here: after
+// --help, or a bad command line (said on stderr).
+std::optional<int> parseOptions(int argc, const char* const* argv, Options* options);
 
 // The keys the window answers to, one a line.
 std::string keyList();

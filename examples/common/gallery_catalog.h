@@ -1,4 +1,4 @@
-// The gallery's cells: every shape and variant, by name, in grid order.
+// The gallery's cells: every shape and variant, by name, in grid order, with what builds it.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +7,12 @@
 
 namespace gallery {
 
+class Cell;
+
 struct Entry {
   std::string name;   // for --only: the label's words, lower case, joined by '-'
   std::string label;  // drawn under the cell, upper case
+  void (*build)(Cell& cell);
 };
 
 const std::vector<Entry>& catalog();

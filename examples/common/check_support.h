@@ -11,7 +11,7 @@
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
-namespace gallery::check {
+namespace examples::check {
 
 // Prints "ok:" or "FAIL:" and what, and counts the failures.
 void check(bool ok, const std::string& what);
@@ -45,7 +45,7 @@ bool isBackground(const std::uint8_t* p);
 bool isHighlight(const std::uint8_t* p);
 
 template <class Predicate>
-std::size_t count(const Image& image, const Rect& r, Predicate predicate) {
+std::size_t count(const Image& image, const gallery::Rect& r, Predicate predicate) {
   std::size_t n = 0;
   for (int y = r.y; y < r.y + r.height; ++y) {
     for (int x = r.x; x < r.x + r.width; ++x) {
@@ -68,4 +68,11 @@ void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOn
 // A new empty file named like lumagrid-STEM-XXXXXX.png in the temporary folder, or "".
 std::string temporaryPng(const std::string& stem);
 
-}  // namespace gallery::check
+// The main of a program's check: argv[1] names the program, and checks runs it with the path of
+// a temporary PNG. Prints the verdict; returns 0 when every check passed, 1 when one failed and 2
+// on a bad command line.
+int checkProgram(
+    int argc, char** argv, const std::string& stem,
+    const std::function<void(const std::string& program, const std::string& png)>& checks);
+
+}  // namespace examples::check

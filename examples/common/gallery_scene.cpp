@@ -5,7 +5,6 @@
 
 #include <GL/gl.h>
 
-#include "gallery_catalog.h"
 #include "gallery_view.h"
 
 namespace gallery {
@@ -18,7 +17,7 @@ void GalleryScene::Layer::draw() {
 GalleryScene::GalleryScene(const std::vector<std::size_t>& entries, const Layout& layout) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
     std::vector<PlacedShape> placed =
-        buildShapes(catalog().at(entries[i]).name, layout.shapeCentre(i), layout.shapeScale());
+        buildShapes(entries[i], layout.shapeCentre(i), layout.shapeScale());
     for (PlacedShape& p : placed) {
       Layer& layer = p.layer == gallery::Layer::Lit    ? lit_
                      : p.layer == gallery::Layer::Wire ? wire_

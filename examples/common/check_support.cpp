@@ -6,18 +6,20 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <set>
+#include <system_error>
 
 #include "gallery_catalog.h"
 
 extern char** environ;
 
-namespace gallery::check {
+namespace examples::check {
 namespace {
 
 int g_failures = 0;
@@ -116,16 +118,16 @@ bool readPng(const std::string& path, Image* image) {
   return true;
 }
 
-int colourDistance(const std::uint8_t* p, const Rgb8& c) {
+int colourDistance(const std::uint8_t* p, const gallery::Rgb8& c) {
   return std::abs(p[0] - c.r) + std::abs(p[1] - c.g) + std::abs(p[2] - c.b);
 }
 
 bool isBackground(const std::uint8_t* p) {
-  return colourDistance(p, kBackground) <= 24;
+  return colourDistance(p, gallery::kBackground) <= 24;
 }
 
 bool isHighlight(const std::uint8_t* p) {
-  const Rgb8 hl = kHighlight;
+  const gallery::Rgb8 hl = gallery::kHighlight;
   auto near = [](int channel, int wanted) { return wanted == 0 ? channel <= 40 : channel >= 100; };
   return near(p[0], hl.r) && near(p[1], hl.g) && near(p[2], hl.b);
 }
@@ -181,4 +183,25 @@ void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOn
   }
 }
 
-}  // namespace gallery::check
+int checkProgram(int argc, char** argv, const std::string& stem,
+                 const std::function<void(const std::string&, const std::string&)>& checks) {
+  if (argc != 2) {
+    std::string upper = stem;
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    std::cerr << "usage: lumagrid_" << stem << "_check PATH-TO-" << upper << '\n';
+    return 2;
+  }
+  const std::string path = temporaryPng(stem);
+  if (path.empty()) {
+    std::cerr << "cannot create a temporary file\n";
+    return 2;
+  }
+  checks(argv[1], path);
+  std::error_code ec;
+  std::filesystem::remove(path, ec);
+  std::cout << (failures() == 0 ? "all checks passed\n" : "some checks failed\n");
+  return failures() == 0 ? 0 : 1;
+}
+
+}  // namespace examples::check
