@@ -11,7 +11,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <lumagrid/CGLObject.h>
 #include <lumagrid/testing/EglContext.h>
+
+#include "bench_support.h"
 
 namespace bench {
 
@@ -57,6 +60,25 @@ class Recompiled : public Shape {
   using Shape::Shape;
   void Invalidate() { this->m_bModified = true; }
 };
+
+// A shape whose list is empty: the draw then costs only the pipeline.
+class EmptyShape : public CGLObject {
+ public:
+  long DisplayListMake() override {
+    return DisplayListCompile([] {});
+  }
+};
+
+// Times the scene's draw, its lists compiled once beforehand.
+template <class Scene, class State>
+void drawEachIteration(Scene& scene, State& state) {
+  scene.DrawGLShapes();  // compiles every list once
+  glFinish();
+  for (auto _ : state) {
+    scene.DrawGLShapes();
+  }
+  glFinish();
+}
 
 // Times the shape's list compile, one rebuild an iteration.
 template <class Shape, class State>

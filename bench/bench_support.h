@@ -74,4 +74,29 @@ inline BENCHMARK_ALWAYS_INLINE void eachPair(benchmark::State& state, const std:
 // The product every implementation spells a * b.
 inline constexpr auto multiply = [](const auto& a, const auto& b) { return a * b; };
 
+// a * b over each input of the program's Inputs::*member and the one after it.
+template <class Inputs, class T, const std::vector<T> Inputs::*member>
+void products(benchmark::State& state) {
+  eachPair<T>(state, shared<Inputs>().*member, multiply);
+}
+
+// Times a builder alone: one call an iteration, its result kept.
+template <class Build>
+inline BENCHMARK_ALWAYS_INLINE void eachBuild(benchmark::State& state, Build build) {
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(build());
+  }
+}
+
+// The main of a program that registers its benchmarks at run time, before this runs them.
+inline int runRegistered(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}
+
 }  // namespace bench

@@ -56,20 +56,6 @@ const Inputs& inputs() {
   return bench::shared<Inputs>();
 }
 
-// ------------------------------------------------------------- product
-
-void productLumagrid(benchmark::State& state) {
-  bench::eachPair<mat4x4>(state, inputs().lg, bench::multiply);
-}
-
-void productEigen(benchmark::State& state) {
-  bench::eachPair<Eigen::Matrix4d>(state, inputs().eig, bench::multiply);
-}
-
-void productGlm(benchmark::State& state) {
-  bench::eachPair<glm::dmat4>(state, inputs().glm, bench::multiply);
-}
-
 // ------------------------------------------------------------- inverse
 
 void invLumagrid(benchmark::State& state) {
@@ -133,9 +119,9 @@ void transformGlm(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(productLumagrid)->Name("mat4x4_product/lumagrid");
-BENCHMARK(productEigen)->Name("mat4x4_product/eigen");
-BENCHMARK(productGlm)->Name("mat4x4_product/glm");
+BENCHMARK(bench::products<Inputs, mat4x4, &Inputs::lg>)->Name("mat4x4_product/lumagrid");
+BENCHMARK(bench::products<Inputs, Eigen::Matrix4d, &Inputs::eig>)->Name("mat4x4_product/eigen");
+BENCHMARK(bench::products<Inputs, glm::dmat4, &Inputs::glm>)->Name("mat4x4_product/glm");
 BENCHMARK(invLumagrid)->Name("mat4x4_inv/lumagrid");
 BENCHMARK(invEigen)->Name("mat4x4_inv/eigen");
 BENCHMARK(invGlm)->Name("mat4x4_inv/glm");

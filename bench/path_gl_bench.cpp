@@ -96,11 +96,9 @@ void BeltGl(benchmark::State& state) {
 
 template <int kArg>
 void BeltProfile(benchmark::State& state) {
-  const int quality = kArg;
-  for (auto _ : state) {
-    benchmark::DoNotOptimize(
-        lumagrid::detail::BuildBeltOutline(1.0, 0.6, 3.0, quality, lumagrid::detail::kFullBelt));
-  }
+  bench::eachBuild(state, [] {
+    return lumagrid::detail::BuildBeltOutline(1.0, 0.6, 3.0, kArg, lumagrid::detail::kFullBelt);
+  });
 }
 
 }  // namespace
@@ -109,7 +107,7 @@ BENCHMARK(TorusLumagrid)->Name("torus_compile/lumagrid");
 BENCHMARK(TorusGle)->Name("torus_compile/gle");
 BENCHMARK(PolylineLumagrid)->Name("polyline1000_compile/lumagrid");
 BENCHMARK(PolylineGl)->Name("polyline1000_compile/gl");
-// Names are <operation>/<implementation>, as scripts/bench-ratios reads them.
+// Names are <operation>/<implementation>, as scripts/bench reads them.
 // The builder's share is its time over the whole list compile's.
 BENCHMARK(BeltLumagrid<20>)->Name("belt20_compile/lumagrid");
 BENCHMARK(BeltGl<20>)->Name("belt20_compile/gl");

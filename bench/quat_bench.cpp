@@ -46,20 +46,6 @@ const Inputs& inputs() {
   return bench::shared<Inputs>();
 }
 
-// ------------------------------------------------------------- product
-
-void productLumagrid(benchmark::State& state) {
-  bench::eachPair<MQuat>(state, inputs().lg, bench::multiply);
-}
-
-void productEigen(benchmark::State& state) {
-  bench::eachPair<Eigen::Quaterniond>(state, inputs().eig, bench::multiply);
-}
-
-void productGlm(benchmark::State& state) {
-  bench::eachPair<glm::dquat>(state, inputs().glm, bench::multiply);
-}
-
 // ------------------------------------------------------------- to matrix
 
 void toMatrixLumagrid(benchmark::State& state) {
@@ -116,9 +102,9 @@ void slerpGlm(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(productLumagrid)->Name("quat_product/lumagrid");
-BENCHMARK(productEigen)->Name("quat_product/eigen");
-BENCHMARK(productGlm)->Name("quat_product/glm");
+BENCHMARK(bench::products<Inputs, MQuat, &Inputs::lg>)->Name("quat_product/lumagrid");
+BENCHMARK(bench::products<Inputs, Eigen::Quaterniond, &Inputs::eig>)->Name("quat_product/eigen");
+BENCHMARK(bench::products<Inputs, glm::dquat, &Inputs::glm>)->Name("quat_product/glm");
 BENCHMARK(toMatrixLumagrid)->Name("quat_to_matrix/lumagrid");
 BENCHMARK(toMatrixEigen)->Name("quat_to_matrix/eigen");
 BENCHMARK(toMatrixGlm)->Name("quat_to_matrix/glm");

@@ -25,14 +25,6 @@ namespace {
 constexpr int kDrawShapes = 10000;
 constexpr int kMapShapes = 100000;
 
-// A shape whose list is empty: the draw then costs only the pipeline.
-class EmptyShape : public CGLObject {
- public:
-  long DisplayListMake() override {
-    return DisplayListCompile([] {});
-  }
-};
-
 // Per-shape transforms and colours, the same for both variants.
 void Placement(int i, double* x, double* y, double* r) {
   *x = (i % 100) * 0.01 - 0.5;
@@ -46,17 +38,12 @@ void BM_SceneDrawLumagrid(benchmark::State& state) {
   for (int i = 0; i < kDrawShapes; ++i) {
     double x, y, r;
     Placement(i, &x, &y, &r);
-    auto* s = new EmptyShape;
+    auto* s = new bench::EmptyShape;
     s->MoveTo(x, y, 0.0);
     s->ColorSet(r, 0.5, 0.25, 1.0);
     scene.AddGLShape(s);
   }
-  scene.DrawGLShapes();  // compiles every list once
-  glFinish();
-  for (auto _ : state) {
-    scene.DrawGLShapes();
-  }
-  glFinish();
+  bench::drawEachIteration(scene, state);
   state.SetItemsProcessed(state.iterations() * kDrawShapes);
 }
 

@@ -28,14 +28,6 @@ namespace {
 
 using Shapes = std::vector<CGLObject*>;
 
-// A shape whose list is empty: the draw then costs only the pipeline.
-class EmptyShape : public CGLObject {
- public:
-  long DisplayListMake() override {
-    return DisplayListCompile([] {});
-  }
-};
-
 // The scene's interface, as std::unordered_map spells it.
 class StdScene {
  public:
@@ -104,17 +96,22 @@ void Empty(Scene& scene, const Shapes& shapes) {
   }
 }
 
-template <class Scene>
-void BM_Add(benchmark::State& state, std::size_t n) {
-  std::mt19937 rng(1);
-  const std::size_t scenes = BatchOf(n);
+// Each iteration makes `scenes` scenes and a batch of n fresh shapes per scene with the timer
+// paused, lets prepare fill them, times work on each, and destroys them paused.
+template <class Scene, class Prepare, class Work>
+void TimeOnBatches(benchmark::State& state, std::size_t scenes, std::size_t n, std::uint32_t seed,
+                   Prepare prepare, Work work) {
+  std::mt19937 rng(seed);
   for (auto _ : state) {
     state.PauseTiming();
     const Batch b = MakeBatch(scenes, n, rng);
     auto all = std::make_unique<Scene[]>(scenes);
+    for (std::size_t s = 0; s < scenes; ++s) {
+      prepare(all[s], b, s);
+    }
     state.ResumeTiming();
     for (std::size_t s = 0; s < scenes; ++s) {
-      Fill(all[s], b.added[s]);
+      work(all[s], b, s);
     }
     state.PauseTiming();
     all.reset();
@@ -124,43 +121,36 @@ void BM_Add(benchmark::State& state, std::size_t n) {
 }
 
 template <class Scene>
+void Nothing(Scene&, const Batch&, std::size_t) {}
+
+template <class Scene>
+void FillAdded(Scene& scene, const Batch& b, std::size_t s) {
+  Fill(scene, b.added[s]);
+}
+
+template <class Scene>
+void EmptyInRandomOrder(Scene& scene, const Batch& b, std::size_t s) {
+  Empty(scene, b.deleted[s]);
+}
+
+template <class Scene>
+void BM_Add(benchmark::State& state, std::size_t n) {
+  TimeOnBatches<Scene>(state, BatchOf(n), n, 1, Nothing<Scene>, FillAdded<Scene>);
+}
+
+template <class Scene>
 void BM_Delete(benchmark::State& state, std::size_t n) {
-  std::mt19937 rng(2);
-  const std::size_t scenes = BatchOf(n);
-  for (auto _ : state) {
-    state.PauseTiming();
-    const Batch b = MakeBatch(scenes, n, rng);
-    auto all = std::make_unique<Scene[]>(scenes);
-    for (std::size_t s = 0; s < scenes; ++s) {
-      Fill(all[s], b.added[s]);
-    }
-    state.ResumeTiming();
-    for (std::size_t s = 0; s < scenes; ++s) {
-      Empty(all[s], b.deleted[s]);
-    }
-    state.PauseTiming();
-    all.reset();
-    state.ResumeTiming();
-  }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * scenes * n));
+  TimeOnBatches<Scene>(state, BatchOf(n), n, 2, FillAdded<Scene>, EmptyInRandomOrder<Scene>);
 }
 
 // One scene filled, then emptied in random order.
 template <class Scene>
 void BM_AddDelete(benchmark::State& state, std::size_t n) {
-  std::mt19937 rng(3);
-  for (auto _ : state) {
-    state.PauseTiming();
-    const Batch b = MakeBatch(1, n, rng);
-    auto scene = std::make_unique<Scene>();
-    state.ResumeTiming();
-    Fill(*scene, b.added[0]);
-    Empty(*scene, b.deleted[0]);
-    state.PauseTiming();
-    scene.reset();
-    state.ResumeTiming();
-  }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * n));
+  TimeOnBatches<Scene>(state, 1, n, 3, Nothing<Scene>,
+                       [](Scene& scene, const Batch& b, std::size_t s) {
+                         FillAdded(scene, b, s);
+                         EmptyInRandomOrder(scene, b, s);
+                       });
 }
 
 template <class Scene>
@@ -168,16 +158,11 @@ void BM_Draw(benchmark::State& state, std::size_t n) {
   bench::glContext();
   Scene scene;
   for (std::size_t i = 0; i < n; ++i) {
-    auto* s = new EmptyShape;
+    auto* s = new bench::EmptyShape;
     s->MoveTo(static_cast<double>(i % 100) * 0.01, static_cast<double>(i / 100) * 0.001, 0.0);
     scene.AddGLShape(s);
   }
-  scene.DrawGLShapes();  // compiles every list once
-  glFinish();
-  for (auto _ : state) {
-    scene.DrawGLShapes();
-  }
-  glFinish();
+  bench::drawEachIteration(scene, state);
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * n));
 }
 
@@ -204,11 +189,5 @@ int main(int argc, char** argv) {
     Register("DeleteGLShape" + suffix, size.n, BM_Delete<CGLScene>, BM_Delete<StdScene>);
     Register("DrawGLShapes" + suffix, size.n, BM_Draw<CGLScene>, BM_Draw<StdScene>);
   }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-    return 1;
-  }
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return bench::runRegistered(argc, argv);
 }

@@ -91,25 +91,21 @@ void TensionGle(benchmark::State& state) {
 
 template <int kArg>
 void TensionPath(benchmark::State& state) {
-  const int sides = kArg;
-  for (auto _ : state) {
-    benchmark::DoNotOptimize(lumagrid::detail::TensionBodyPath(0.1, 1.0, 5.0, 3, 0.25, sides));
-  }
+  bench::eachBuild(state,
+                   [] { return lumagrid::detail::TensionBodyPath(0.1, 1.0, 5.0, 3, 0.25, kArg); });
 }
 
 template <int kArg>
 void WireSweep(benchmark::State& state) {
-  const int sides = kArg;
   const std::vector<lumagrid::detail::PathPoint> helix = lumagrid::detail::HelixPoints(
-      lumagrid::detail::Helix{1.0, 0.0, 0.0, 5.0 / 3.0, 0.0, 1080.0}, sides);
-  for (auto _ : state) {
-    benchmark::DoNotOptimize(lumagrid::detail::SweepAlongPath(helix, 0.1, sides, true));
-  }
+      lumagrid::detail::Helix{1.0, 0.0, 0.0, 5.0 / 3.0, 0.0, 1080.0}, kArg);
+  bench::eachBuild(state,
+                   [&helix] { return lumagrid::detail::SweepAlongPath(helix, 0.1, kArg, true); });
 }
 
 }  // namespace
 
-// Names are <operation>/<implementation>, as scripts/bench-ratios reads them.
+// Names are <operation>/<implementation>, as scripts/bench reads them.
 // A wireframe is measured against the same spring solid; the library's own
 // geometry against GLE's time on the same solid spring.
 BENCHMARK(CompressionLumagrid<1>)->Name("compression_compile/lumagrid");

@@ -46,20 +46,6 @@ double arrowLength(double length, double fracLength, int heads) {
   return shaft + (heads + 1) * head / 2;
 }
 
-CGLSpring* spring(Cell& cell, unsigned type, unsigned type2, bool shaded, Layer layer) {
-  // A tension spring's hooks reach one coil radius beyond each end.
-  const double length = type == 0 ? 1.9 : 1.7;
-  const double wire = shaded ? 0.06 : 0.1;
-  auto* s = cell.add(
-      new CGLSpring(wire, type == 0 ? 0.5 : 0.3, 1.0, length, type == 0 ? 5 : 6, 0.0), layer);
-  s->SetType(type);
-  s->SetType2(type2);
-  s->SetShadedMode(shaded ? 1 : 0);
-  s->ColorSet(type == 0 ? kSky : kViolet);
-  springUp(s, length);
-  return s;
-}
-
 }  // namespace
 
 void cylinder(Cell& cell, bool closed) {
@@ -151,21 +137,23 @@ void axisTriad(Cell& cell) {
   a->Move(-0.45, -0.45, -0.45);
 }
 
-void compressionSpring(Cell& cell, unsigned type2, Layer layer) {
-  spring(cell, 0, type2, true, layer);
+CGLSpring* spring(Cell& cell, unsigned type, unsigned type2, bool shaded, Layer layer) {
+  // A tension spring's hooks reach one coil radius beyond each end.
+  const double length = type == 0 ? 1.9 : 1.7;
+  const double wire = shaded ? 0.06 : 0.1;
+  auto* s = cell.add(
+      new CGLSpring(wire, type == 0 ? 0.5 : 0.3, 1.0, length, type == 0 ? 5 : 6, 0.0), layer);
+  s->SetType(type);
+  s->SetType2(type2);
+  s->SetShadedMode(shaded ? 1 : 0);
+  s->ColorSet(type == 0 ? kSky : kViolet);
+  springUp(s, length);
+  return s;
 }
 
 void wireframeSpring(Cell& cell) {
   // Fewer, thicker sides, so that the wires show.
   spring(cell, 0, 0, false, Layer::Wire)->SetQuality(12);
-}
-
-void tensionSpring(Cell& cell, unsigned ends) {
-  spring(cell, 1, ends, true, Layer::Lit);
-}
-
-void schematicTensionSpring(Cell& cell, unsigned ends) {
-  spring(cell, 1, 8 + ends, true, Layer::Flat);
 }
 
 void Cell::place(CGLObject& shape) const {

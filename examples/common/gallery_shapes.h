@@ -10,6 +10,8 @@
 
 #include "gallery_layout.h"
 
+class CGLSpring;
+
 namespace gallery {
 
 // How a shape is drawn: lit solids; lit wireframes, after the solids (a wireframe spring leaves
@@ -61,9 +63,8 @@ void arrow(Cell& cell, int heads, bool lite);
 void axisTriad(Cell& cell);
 void star(Cell& cell);
 void belt(Cell& cell, unsigned char type);
-void compressionSpring(Cell& cell, unsigned type2, Layer layer);
+// A compression (type 0) or tension (1) spring with SetType2's ends, shaded or as a wireframe.
+CGLSpring* spring(Cell& cell, unsigned type, unsigned type2, bool shaded, Layer layer);
 void wireframeSpring(Cell& cell);
-void tensionSpring(Cell& cell, unsigned ends);
-void schematicTensionSpring(Cell& cell, unsigned ends);
 
 }  // namespace gallery

@@ -11,18 +11,8 @@
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
+namespace examples::check {
 namespace {
-
-using examples::code;
-using examples::Exit;
-using examples::check::check;
-using examples::check::count;
-using examples::check::distinctColours;
-using examples::check::Image;
-using examples::check::isBackground;
-using examples::check::isHighlight;
-using examples::check::readPng;
-using examples::check::run;
 
 // Runs the gallery into path at width x height (one entry when only is set) and checks the cells.
 void checkPicture(const std::string& gallery, const std::string& path, int width, int height,
@@ -92,7 +82,7 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
   const std::size_t drawn =
       count(image, layout.shapeArea(0), [](const std::uint8_t* p) { return !isBackground(p); });
   const std::size_t flat = count(image, layout.shapeArea(0), [&gold](const std::uint8_t* p) {
-    return examples::check::colourDistance(p, gold) <= 3;
+    return colourDistance(p, gold) <= 3;
   });
   // Multisampled edges blend with the background; the rest is the colour itself.
   check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
@@ -119,18 +109,21 @@ void checkCommandLine(const std::string& gallery, const std::string& path) {
         "no EGL driver exits 2");
 }
 
+// Every check of the gallery program, run with a temporary PNG at path.
+void checkGallery(const std::string& gallery, const std::string& path) {
+  checkPicture(gallery, path, 900, 760, "");
+  checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
+  checkLiteArrowIsFlat(gallery, path);
+  // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
+  checkSamePictureEveryRun(12, [&](Image* image) {
+    return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
+  });
+  checkCommandLine(gallery, path);
+}
+
 }  // namespace
+}  // namespace examples::check
 
 int main(int argc, char** argv) {
-  return examples::check::checkProgram(
-      argc, argv, "gallery", [](const std::string& gallery, const std::string& path) {
-        checkPicture(gallery, path, 900, 760, "");
-        checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
-        checkLiteArrowIsFlat(gallery, path);
-        // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
-        examples::check::checkSamePictureEveryRun(12, [&](Image* image) {
-          return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
-        });
-        checkCommandLine(gallery, path);
-      });
+  return examples::check::checkProgram(argc, argv, "gallery", examples::check::checkGallery);
 }

@@ -12,14 +12,8 @@
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
 
+namespace examples::check {
 namespace {
-
-using examples::code;
-using examples::Exit;
-using examples::check::check;
-using examples::check::count;
-using examples::check::Image;
-using examples::check::isHighlight;
 
 constexpr int kWidth = 600;
 constexpr int kHeight = 500;
@@ -30,14 +24,13 @@ const char* const kClicked = "cone-pointed";
 bool runViewer(const std::string& viewer, const std::string& path, int x, int y, Image* image,
                std::string* out) {
   const std::string at = std::to_string(x) + "," + std::to_string(y);
-  const int status = examples::check::run(
-      {viewer, "--size", std::to_string(kWidth) + "x" + std::to_string(kHeight), "--frames", "3",
-       "--click", at, "--screenshot", path},
-      {}, out);
+  const int status = run({viewer, "--size", std::to_string(kWidth) + "x" + std::to_string(kHeight),
+                          "--frames", "3", "--click", at, "--screenshot", path},
+                         {}, out);
   std::cout << "viewer said: " << *out;
   check(status == code(Exit::Ok),
         "viewer --click " + at + " exits 0 (status " + std::to_string(status) + ")");
-  const bool decoded = examples::check::readPng(path, image);
+  const bool decoded = readPng(path, image);
   check(decoded, "the screenshot decodes");
   if (!decoded) {
     return false;
@@ -48,7 +41,7 @@ bool runViewer(const std::string& viewer, const std::string& path, int x, int y,
   if (!sized) {
     return false;
   }
-  const std::size_t colours = examples::check::distinctColours(*image);
+  const std::size_t colours = distinctColours(*image);
   check(colours >= 500, "not blank (" + std::to_string(colours) + " distinct colours)");
   return true;
 }
@@ -90,19 +83,22 @@ void checkClickOnBackground(const std::string& viewer, const std::string& path) 
   check(highlight < 5, "nothing shows the highlight colour (" + std::to_string(highlight) + ")");
 }
 
+// Every check of the viewer program, run with a temporary PNG at path.
+void checkViewer(const std::string& viewer, const std::string& path) {
+  checkClickOnShape(viewer, path);
+  checkClickOnBackground(viewer, path);
+  checkSamePictureEveryRun(6, [&](Image* image) {
+    std::string out;
+    return runViewer(viewer, path, 1, 1, image, &out);
+  });
+  std::string help;
+  check(run({viewer, "--help"}, {}, &help) == code(Exit::Ok), "--help exits 0");
+  check(run({viewer, "--click", "12;4"}) == code(Exit::BadCommandLine), "a bad --click exits 1");
+}
+
 }  // namespace
+}  // namespace examples::check
 
 int main(int argc, char** argv) {
-  return examples::check::checkProgram(
-      argc, argv, "viewer", [](const std::string& viewer, const std::string& path) {
-        checkClickOnShape(viewer, path);
-        checkClickOnBackground(viewer, path);
-        examples::check::checkSamePictureEveryRun(6, [&](Image* image) {
-          std::string out;
-          return runViewer(viewer, path, 1, 1, image, &out);
-        });
-        check(examples::check::run({viewer, "--help"}) == code(Exit::Ok), "--help exits 0");
-        check(examples::check::run({viewer, "--click", "12;4"}) == code(Exit::BadCommandLine),
-              "a bad --click exits 1");
-      });
+  return examples::check::checkProgram(argc, argv, "viewer", examples::check::checkViewer);
 }
