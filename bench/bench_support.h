@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace bench {
@@ -86,6 +87,25 @@ inline BENCHMARK_ALWAYS_INLINE void eachBuild(benchmark::State& state, Build bui
   for (auto _ : state) {
     benchmark::DoNotOptimize(build());
   }
+}
+
+using Benchmark = void (*)(benchmark::State&);
+
+// operation/lumagrid, operation/eigen and operation/glm, in that order.
+inline void registerBesideEigenAndGlm(const std::string& operation, Benchmark lumagrid,
+                                      Benchmark eigen, Benchmark glm) {
+  benchmark::RegisterBenchmark((operation + "/lumagrid").c_str(), lumagrid);
+  benchmark::RegisterBenchmark((operation + "/eigen").c_str(), eigen);
+  benchmark::RegisterBenchmark((operation + "/glm").c_str(), glm);
+}
+
+// operation's products for the program's Inputs, whose members lg, eig and glm hold lumagrid's,
+// Eigen's and glm's values.
+template <class Inputs, class Lumagrid, class Eigen, class Glm>
+void registerProducts(const std::string& operation) {
+  registerBesideEigenAndGlm(operation, products<Inputs, Lumagrid, &Inputs::lg>,
+                            products<Inputs, Eigen, &Inputs::eig>,
+                            products<Inputs, Glm, &Inputs::glm>);
 }
 
 // The main of a program that registers its benchmarks at run time, before this runs them.

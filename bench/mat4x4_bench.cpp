@@ -119,17 +119,11 @@ void transformGlm(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(bench::products<Inputs, mat4x4, &Inputs::lg>)->Name("mat4x4_product/lumagrid");
-BENCHMARK(bench::products<Inputs, Eigen::Matrix4d, &Inputs::eig>)->Name("mat4x4_product/eigen");
-BENCHMARK(bench::products<Inputs, glm::dmat4, &Inputs::glm>)->Name("mat4x4_product/glm");
-BENCHMARK(invLumagrid)->Name("mat4x4_inv/lumagrid");
-BENCHMARK(invEigen)->Name("mat4x4_inv/eigen");
-BENCHMARK(invGlm)->Name("mat4x4_inv/glm");
-BENCHMARK(detLumagrid)->Name("mat4x4_det/lumagrid");
-BENCHMARK(detEigen)->Name("mat4x4_det/eigen");
-BENCHMARK(detGlm)->Name("mat4x4_det/glm");
-BENCHMARK(transformLumagrid)->Name("mat4x4_transform/lumagrid");
-BENCHMARK(transformEigen)->Name("mat4x4_transform/eigen");
-BENCHMARK(transformGlm)->Name("mat4x4_transform/glm");
-
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  bench::registerProducts<Inputs, mat4x4, Eigen::Matrix4d, glm::dmat4>("mat4x4_product");
+  bench::registerBesideEigenAndGlm("mat4x4_inv", invLumagrid, invEigen, invGlm);
+  bench::registerBesideEigenAndGlm("mat4x4_det", detLumagrid, detEigen, detGlm);
+  bench::registerBesideEigenAndGlm("mat4x4_transform", transformLumagrid, transformEigen,
+                                   transformGlm);
+  return bench::runRegistered(argc, argv);
+}

@@ -102,14 +102,9 @@ void slerpGlm(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(bench::products<Inputs, MQuat, &Inputs::lg>)->Name("quat_product/lumagrid");
-BENCHMARK(bench::products<Inputs, Eigen::Quaterniond, &Inputs::eig>)->Name("quat_product/eigen");
-BENCHMARK(bench::products<Inputs, glm::dquat, &Inputs::glm>)->Name("quat_product/glm");
-BENCHMARK(toMatrixLumagrid)->Name("quat_to_matrix/lumagrid");
-BENCHMARK(toMatrixEigen)->Name("quat_to_matrix/eigen");
-BENCHMARK(toMatrixGlm)->Name("quat_to_matrix/glm");
-BENCHMARK(slerpLumagrid)->Name("quat_slerp/lumagrid");
-BENCHMARK(slerpEigen)->Name("quat_slerp/eigen");
-BENCHMARK(slerpGlm)->Name("quat_slerp/glm");
-
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  bench::registerProducts<Inputs, MQuat, Eigen::Quaterniond, glm::dquat>("quat_product");
+  bench::registerBesideEigenAndGlm("quat_to_matrix", toMatrixLumagrid, toMatrixEigen, toMatrixGlm);
+  bench::registerBesideEigenAndGlm("quat_slerp", slerpLumagrid, slerpEigen, slerpGlm);
+  return bench::runRegistered(argc, argv);
+}

@@ -2,69 +2,77 @@
 
 #include <lumagrid/lumagrid.h>
 
+#include <ostream>
 #include <sstream>
 
 namespace viewer {
 namespace {
 
-// The parameters are protected members without getters. Classes derived for the purpose name
-// them, and the member pointers they give read any object of the base class; no object is ever
-// treated as one of these types.
-struct CylinderFields : CGLCylinder {
-  static constexpr double CGLCylinder::*kBase = &CylinderFields::m_dBaseRadius;
-  static constexpr double CGLCylinder::*kTop = &CylinderFields::m_dTopRadius;
-  static constexpr double CGLCylinder::*kHeight = &CylinderFields::m_dHeight;
-  static constexpr bool CGLCylinder::*kClosed = &CylinderFields::m_bClosed;
+// The parameters are protected members without getters. Each class here is derived for the
+// purpose: inside it, &Class::m_member is a pointer to the base class's member, which reads any
+// object of the base class. No object is ever treated as one of these types.
+
+struct CylinderText : CGLCylinder {
+  static void write(std::ostream& o, CGLCylinder& c) {
+    o << (dynamic_cast<CGLCone*>(&c) != nullptr ? "CGLCone" : "CGLCylinder") << " base "
+      << c.*&CylinderText::m_dBaseRadius << " top " << c.*&CylinderText::m_dTopRadius << " height "
+      << c.*&CylinderText::m_dHeight << (c.*&CylinderText::m_bClosed ? " closed" : " open");
+  }
 };
 
-struct ArrowFields : CGLArrow {
-  static constexpr double CGLArrow::*kLength = &ArrowFields::m_dLength;
-  static constexpr double CGLArrow::*kRadius = &ArrowFields::m_dRadius;
-  static constexpr int CGLArrow::*kHeads = &ArrowFields::m_nArrowNum;
-  static constexpr bool CGLArrow::*kLite = &ArrowFields::m_bLite;
+struct ArrowText : CGLArrow {
+  static void write(std::ostream& o, CGLArrow& a) {
+    o << "CGLArrow length " << a.*&ArrowText::m_dLength << " radius " << a.*&ArrowText::m_dRadius
+      << " heads " << a.*&ArrowText::m_nArrowNum << (a.*&ArrowText::m_bLite ? " lite" : "");
+  }
 };
 
-struct AxisFields : CGLAxis {
-  static constexpr double CGLAxis::*kLength = &AxisFields::m_dLength;
-  static constexpr double CGLAxis::*kRadius = &AxisFields::m_dRadius;
-  static constexpr bool CGLAxis::*kLite = &AxisFields::m_bLite;
+struct AxisText : CGLAxis {
+  static void write(std::ostream& o, CGLAxis& x) {
+    o << "CGLAxis length " << x.*&AxisText::m_dLength << " radius " << x.*&AxisText::m_dRadius
+      << (x.*&AxisText::m_bLite ? " lite" : "");
+  }
 };
 
-struct PolylineFields : CGLPolyline {
-  static constexpr std::vector<CGLPoint*> CGLPolyline::*kVertices = &PolylineFields::m_aVertex;
+struct PolylineText : CGLPolyline {
+  static void write(std::ostream& o, CGLPolyline& p) {
+    o << "CGLPolyline vertices " << (p.*&PolylineText::m_aVertex).size();
+  }
 };
 
-struct BeltFields : CGLBelt {
-  static constexpr double CGLBelt::*kR1 = &BeltFields::m_dRadius1;
-  static constexpr double CGLBelt::*kR2 = &BeltFields::m_dRadius2;
-  static constexpr double CGLBelt::*kEntraxe = &BeltFields::m_dEntraxe;
-  static constexpr unsigned char CGLBelt::*kType = &BeltFields::m_nBType;
+struct BeltText : CGLBelt {
+  static void write(std::ostream& o, CGLBelt& b) {
+    // SetBType's 1, 2, 4 and 8 are kept as the codes 8, 4, 2 and 1; anything else is 16.
+    const int code = b.*&BeltText::m_nBType;
+    o << "CGLBelt r1 " << b.*&BeltText::m_dRadius1 << " r2 " << b.*&BeltText::m_dRadius2
+      << " entraxe " << b.*&BeltText::m_dEntraxe;
+    if (code == 1 || code == 2 || code == 4 || code == 8) {
+      o << " type " << 8 / code;
+    } else {
+      o << " full";
+    }
+  }
 };
 
-struct SpringFields : CGLSpring {
-  static constexpr double CGLSpring::*kWire = &SpringFields::m_dWireRadius;
-  static constexpr double CGLSpring::*kCoil = &SpringFields::m_dRadius;
-  static constexpr double CGLSpring::*kLength = &SpringFields::m_dLength;
-  static constexpr int CGLSpring::*kTurns = &SpringFields::m_nTurns;
-  static constexpr int CGLSpring::*kShaded = &SpringFields::m_bShaded;
-};
+struct SpringText : CGLSpring {
+  static int shadedMode(CGLSpring& s) { return s.*&SpringText::m_bShaded; }
 
-std::string describeSpring(CGLSpring& s) {
-  unsigned unused = 0;
-  const unsigned type = s.GetType(unused);
-  const unsigned ends = s.GetType2(unused);
-  std::ostringstream o;
-  o << "CGLSpring " << (type == 0 ? "compression" : "tension") << " wire " << s.*SpringFields::kWire
-    << " coil " << s.*SpringFields::kCoil << " length " << s.*SpringFields::kLength << " turns "
-    << s.*SpringFields::kTurns << " ends " << (ends & 7u)
-    << ((ends & 8u) != 0 ? " schematic" : (s.*SpringFields::kShaded != 0 ? "" : " wireframe"));
-  return o.str();
-}
+  static void write(std::ostream& o, CGLSpring& s) {
+    unsigned unused = 0;
+    const unsigned type = s.GetType(unused);
+    const unsigned ends = s.GetType2(unused);
+    o << "CGLSpring " << (type == 0 ? "compression" : "tension") << " wire "
+      << s.*&SpringText::m_dWireRadius << " coil " << s.*&SpringText::m_dRadius << " length "
+      << s.*&SpringText::m_dLength << " turns " << s.*&SpringText::m_nTurns << " ends "
+      << (ends & 7u)
+      << ((ends & 8u) != 0 ? " schematic" : (shadedMode(s) != 0 ? "" : " wireframe"));
+  }
+};
 
 }  // namespace
 
 int springShadedMode(CGLSpring& spring) {
-  return spring.*SpringFields::kShaded;
+  return SpringText::shadedMode(spring);
 }
 
 std::string describeShape(CGLObject& shape) {
@@ -72,32 +80,20 @@ std::string describeShape(CGLObject& shape) {
   if (auto* s = dynamic_cast<CGLSphere*>(&shape)) {
     o << "CGLSphere radius " << s->Radius();
   } else if (auto* c = dynamic_cast<CGLCylinder*>(&shape)) {
-    o << (dynamic_cast<CGLCone*>(c) != nullptr ? "CGLCone" : "CGLCylinder") << " base "
-      << c->*CylinderFields::kBase << " top " << c->*CylinderFields::kTop << " height "
-      << c->*CylinderFields::kHeight << (c->*CylinderFields::kClosed ? " closed" : " open");
+    CylinderText::write(o, *c);
   } else if (auto* t = dynamic_cast<CGLTorus*>(&shape)) {
     o << "CGLTorus tube " << t->innerRadius() << " ring " << t->outerRadius() << " start "
       << t->startAngle() << " sweep " << t->sweepAngle();
   } else if (auto* a = dynamic_cast<CGLArrow*>(&shape)) {
-    o << "CGLArrow length " << a->*ArrowFields::kLength << " radius " << a->*ArrowFields::kRadius
-      << " heads " << a->*ArrowFields::kHeads << (a->*ArrowFields::kLite ? " lite" : "");
+    ArrowText::write(o, *a);
   } else if (auto* x = dynamic_cast<CGLAxis*>(&shape)) {
-    o << "CGLAxis length " << x->*AxisFields::kLength << " radius " << x->*AxisFields::kRadius
-      << (x->*AxisFields::kLite ? " lite" : "");
+    AxisText::write(o, *x);
   } else if (auto* p = dynamic_cast<CGLPolyline*>(&shape)) {
-    o << "CGLPolyline vertices " << (p->*PolylineFields::kVertices).size();
+    PolylineText::write(o, *p);
   } else if (auto* b = dynamic_cast<CGLBelt*>(&shape)) {
-    // SetBType's 1, 2, 4 and 8 are kept as the codes 8, 4, 2 and 1; anything else is 16.
-    const int code = b->*BeltFields::kType;
-    o << "CGLBelt r1 " << b->*BeltFields::kR1 << " r2 " << b->*BeltFields::kR2 << " entraxe "
-      << b->*BeltFields::kEntraxe;
-    if (code == 1 || code == 2 || code == 4 || code == 8) {
-      o << " type " << 8 / code;
-    } else {
-      o << " full";
-    }
+    BeltText::write(o, *b);
   } else if (auto* sp = dynamic_cast<CGLSpring*>(&shape)) {
-    o << describeSpring(*sp);
+    SpringText::write(o, *sp);
   } else if (dynamic_cast<CGLGroup*>(&shape) != nullptr) {
     o << "CGLGroup";
   } else {
