@@ -75,8 +75,21 @@ inline BENCHMARK_ALWAYS_INLINE void eachPair(benchmark::State& state, const std:
 // The product every implementation spells a * b.
 inline constexpr auto multiply = [](const auto& a, const auto& b) { return a * b; };
 
-// a * b over each input of the program's Inputs::*member and the one after it.
-template <class Inputs, class T, const std::vector<T> Inputs::*member>
+// The same inputs in lumagrid's, Eigen's and glm's types. A program's Inputs derives from it and
+// fills the three alike.
+template <class L, class E, class G>
+struct SameValues {
+  using Values = SameValues;
+  using LumagridType = L;
+  using EigenType = E;
+  using GlmType = G;
+  std::vector<L> lg;
+  std::vector<E> eig;
+  std::vector<G> glm;
+};
+
+// a * b over each of the program's inputs in one type and the one after it.
+template <class Inputs, class T, const std::vector<T> Inputs::Values::*member>
 void products(benchmark::State& state) {
   eachPair<T>(state, shared<Inputs>().*member, multiply);
 }
@@ -99,13 +112,13 @@ inline void registerBesideEigenAndGlm(const std::string& operation, Benchmark lu
   benchmark::RegisterBenchmark((operation + "/glm").c_str(), glm);
 }
 
-// operation's products for the program's Inputs, whose members lg, eig and glm hold lumagrid's,
-// Eigen's and glm's values.
-template <class Inputs, class Lumagrid, class Eigen, class Glm>
+// operation's products, a * b, in the three types of the program's Inputs.
+template <class Inputs>
 void registerProducts(const std::string& operation) {
-  registerBesideEigenAndGlm(operation, products<Inputs, Lumagrid, &Inputs::lg>,
-                            products<Inputs, Eigen, &Inputs::eig>,
-                            products<Inputs, Glm, &Inputs::glm>);
+  using V = typename Inputs::Values;
+  registerBesideEigenAndGlm(operation, products<Inputs, typename V::LumagridType, &V::lg>,
+                            products<Inputs, typename V::EigenType, &V::eig>,
+                            products<Inputs, typename V::GlmType, &V::glm>);
 }
 
 // The main of a program that registers its benchmarks at run time, before this runs them.

@@ -15,10 +15,7 @@
 
 namespace {
 
-struct Inputs {
-  std::vector<mat4x4> lg;
-  std::vector<Eigen::Matrix4d> eig;
-  std::vector<glm::dmat4> glm;
+struct Inputs : bench::SameValues<mat4x4, Eigen::Matrix4d, glm::dmat4> {
   std::vector<vec3d> lgPts;
   std::vector<Eigen::Vector3d> eigPts;
   std::vector<glm::dvec3> glmPts;
@@ -120,7 +117,7 @@ void transformGlm(benchmark::State& state) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  bench::registerProducts<Inputs, mat4x4, Eigen::Matrix4d, glm::dmat4>("mat4x4_product");
+  bench::registerProducts<Inputs>("mat4x4_product");
   bench::registerBesideEigenAndGlm("mat4x4_inv", invLumagrid, invEigen, invGlm);
   bench::registerBesideEigenAndGlm("mat4x4_det", detLumagrid, detEigen, detGlm);
   bench::registerBesideEigenAndGlm("mat4x4_transform", transformLumagrid, transformEigen,

@@ -15,10 +15,7 @@
 
 namespace {
 
-struct Inputs {
-  std::vector<MQuat> lg;
-  std::vector<Eigen::Quaterniond> eig;
-  std::vector<glm::dquat> glm;
+struct Inputs : bench::SameValues<MQuat, Eigen::Quaterniond, glm::dquat> {
   std::vector<double> t;
 
   Inputs() {
@@ -103,7 +100,7 @@ void slerpGlm(benchmark::State& state) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  bench::registerProducts<Inputs, MQuat, Eigen::Quaterniond, glm::dquat>("quat_product");
+  bench::registerProducts<Inputs>("quat_product");
   bench::registerBesideEigenAndGlm("quat_to_matrix", toMatrixLumagrid, toMatrixEigen, toMatrixGlm);
   bench::registerBesideEigenAndGlm("quat_slerp", slerpLumagrid, slerpEigen, slerpGlm);
   return bench::runRegistered(argc, argv);
