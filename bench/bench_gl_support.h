@@ -19,8 +19,8 @@
 namespace bench {
 
 // Made current on first use; without it there is nothing to measure.
-inline eglfixture::EglContext& glContext() {
-  static eglfixture::EglContext context(64, 64);
+inline headless::EglContext& glContext() {
+  static headless::EglContext context(64, 64);
   if (!context.ok()) {
     std::fprintf(stderr, "no GL context: %s\n", context.error().c_str());
     std::exit(1);

@@ -1,7 +1,5 @@
 # Warnings on the project's own code, never on system headers. They become
-# errors with LUMAGRID_WERROR (CI turns it on; a packager's newer compiler
-# must not fail the build over a new warning).
-option(LUMAGRID_WERROR "Treat warnings on the project's own code as errors" OFF)
+# errors with LUMAGRID_WERROR.
 
 set(LUMAGRID_WARNING_FLAGS -Wall -Wextra $<$<BOOL:${LUMAGRID_WERROR}>:-Werror>)
 

@@ -93,7 +93,7 @@ void CheckOutline(double r1, double r2, double entraxe, int quality, unsigned ch
 
 // A belt set up the host's way draws exactly the builder's outline.
 void CheckBelt(double r1, double r2, double entraxe, unsigned int quality, unsigned char type) {
-  glrec::Recorder& rec = glrec::recorder();
+  glrecorder::Recorder& rec = glrecorder::recorder();
   rec.reset();
   {
     BeltProbe belt(r1, r2, entraxe);
@@ -110,7 +110,8 @@ void CheckBelt(double r1, double r2, double entraxe, unsigned int quality, unsig
     FUZZ_CHECK(belt.Modified() == expected.empty());
     FUZZ_CHECK(rec.compilingList() == 0);
     if (!expected.empty()) {
-      const std::vector<glrec::Call> body = rec.listCalls(static_cast<GLuint>(belt.ListName()));
+      const std::vector<glrecorder::Call> body =
+          rec.listCalls(static_cast<GLuint>(belt.ListName()));
       FUZZ_CHECK(fuzzgl::StripMatches(body, expected));
     }
 

@@ -154,7 +154,8 @@ class PolylineFuzzer {
 
   // The list holds the normal colour and then exactly the model's strip.
   void CheckList() {
-    const std::vector<glrec::Call> body = m_rec.listCalls(static_cast<GLuint>(m_line.ListName()));
+    const std::vector<glrecorder::Call> body =
+        m_rec.listCalls(static_cast<GLuint>(m_line.ListName()));
     FUZZ_CHECK(!body.empty() && body.front().name == "glColor3d");
     FUZZ_CHECK(fuzzgl::StripMatches(body, m_points));
   }
@@ -218,7 +219,7 @@ class PolylineFuzzer {
   }
 
   FuzzInput& m_in;
-  glrec::Recorder& m_rec = glrec::recorder();
+  glrecorder::Recorder& m_rec = glrecorder::recorder();
   PolylineProbe m_line;
   std::vector<Point> m_points;
   bool m_modified = true;
@@ -227,13 +228,13 @@ class PolylineFuzzer {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  glrec::recorder().reset();
+  glrecorder::recorder().reset();
   {
     FuzzInput in(data, size);
     PolylineFuzzer fuzzer(in);
     fuzzer.Run();
   }
-  FUZZ_CHECK(glrec::recorder().listNames().empty());
-  glrec::recorder().reset();
+  FUZZ_CHECK(glrecorder::recorder().listNames().empty());
+  glrecorder::recorder().reset();
   return 0;
 }

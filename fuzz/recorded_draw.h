@@ -21,11 +21,11 @@ inline bool SameBits(double a, double b) {
   return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-inline bool IsBeginOf(const glrec::Call& call, GLenum mode) {
+inline bool IsBeginOf(const glrecorder::Call& call, GLenum mode) {
   if (call.name != "glBegin" || call.args.size() != 1) {
     return false;
   }
-  if (const auto* e = std::get_if<glrec::Enum>(&call.args[0])) {
+  if (const auto* e = std::get_if<glrecorder::Enum>(&call.args[0])) {
     return e->value == mode;
   }
   if (const auto* i = std::get_if<long long>(&call.args[0])) {
@@ -38,11 +38,11 @@ inline bool IsBeginOf(const glrec::Call& call, GLenum mode) {
 // per point of `points` in order and with the same bits, glEnd. Calls other
 // than glBegin, glVertex* and glEnd around it are ignored.
 template <class Point>
-bool StripMatches(const std::vector<glrec::Call>& calls, const std::vector<Point>& points) {
+bool StripMatches(const std::vector<glrecorder::Call>& calls, const std::vector<Point>& points) {
   std::size_t begins = 0;
   std::size_t next = 0;
   bool inside = false;
-  for (const glrec::Call& call : calls) {
+  for (const glrecorder::Call& call : calls) {
     if (call.name == "glBegin") {
       if (!IsBeginOf(call, GL_LINE_STRIP) || inside || begins != 0) {
         return false;
@@ -73,10 +73,10 @@ bool StripMatches(const std::vector<glrec::Call>& calls, const std::vector<Point
 
 // Every `open` is closed by a later `close`, nesting at most `maxDepth`
 // deep, and none is left open.
-inline bool Paired(const std::vector<glrec::Call>& calls, std::string_view open,
+inline bool Paired(const std::vector<glrecorder::Call>& calls, std::string_view open,
                    std::string_view close, int maxDepth) {
   int depth = 0;
-  for (const glrec::Call& call : calls) {
+  for (const glrecorder::Call& call : calls) {
     if (call.name == open) {
       if (++depth > maxDepth) {
         return false;
@@ -91,7 +91,7 @@ inline bool Paired(const std::vector<glrec::Call>& calls, std::string_view open,
 }
 
 // glBegin/glEnd alternate: GL forbids nesting them.
-inline bool BeginEndBalanced(const std::vector<glrec::Call>& calls) {
+inline bool BeginEndBalanced(const std::vector<glrecorder::Call>& calls) {
   return Paired(calls, "glBegin", "glEnd", 1);
 }
 

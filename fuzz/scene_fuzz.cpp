@@ -127,7 +127,7 @@ class SceneFuzzer {
   explicit SceneFuzzer(FuzzInput& in) : m_in(in), m_outsider(0.5f) {}
 
   void Run() {
-    glrec::recorder().reset();
+    glrecorder::recorder().reset();
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
     m_scene = std::make_unique<CGLScene>();
@@ -136,7 +136,7 @@ class SceneFuzzer {
       Step(m_in.Byte() % kOpCount);
       FUZZ_CHECK(m_died.empty());
       // Keep the log short; the emulated state (lists, stacks) stays.
-      glrec::recorder().clearCalls();
+      glrecorder::recorder().clearCalls();
     }
     Finish();
   }
@@ -382,7 +382,7 @@ class SceneFuzzer {
         break;
       case kForgetLists:
         // As after a lost context: the shapes find their lists gone.
-        glrec::recorder().forgetAllLists();
+        glrecorder::recorder().forgetAllLists();
         break;
       default:
         break;
@@ -545,12 +545,12 @@ class SceneFuzzer {
   }
 
   void DrawShapes() {
-    const std::size_t calls = glrec::recorder().calls().size();
+    const std::size_t calls = glrecorder::recorder().calls().size();
     m_drawn.clear();
     m_scene->DrawGLShapes();
     if (m_nShow == 0) {
       FUZZ_CHECK(m_drawn.empty());
-      FUZZ_CHECK(glrec::recorder().calls().size() == calls);
+      FUZZ_CHECK(glrecorder::recorder().calls().size() == calls);
     } else {
       // Every shape of the scene once, in the map's order.
       FUZZ_CHECK(m_drawn == SceneOrder());
@@ -848,7 +848,7 @@ class SceneFuzzer {
 
     // Every quadric released, every list deleted; copies release their
     // shared handle once more each.
-    const glrec::Recorder& rec = glrec::recorder();
+    const glrecorder::Recorder& rec = glrecorder::recorder();
     FUZZ_CHECK(rec.liveQuadrics() == 0);
     FUZZ_CHECK(rec.doubleDeletes() == m_nSharedQuadrics);
     FUZZ_CHECK(rec.listNames().empty());
@@ -856,7 +856,7 @@ class SceneFuzzer {
 
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
-    glrec::recorder().reset();
+    glrecorder::recorder().reset();
   }
 
   FuzzInput& m_in;

@@ -197,7 +197,7 @@ class SpringFuzzer {
 
   template <class F>
   void Drawn(F&& draw) {
-    glrec::Recorder& rec = glrec::recorder();
+    glrecorder::Recorder& rec = glrecorder::recorder();
     rec.clearCalls();
     g_largest = 0;
     g_armed = true;
@@ -205,7 +205,7 @@ class SpringFuzzer {
     g_armed = false;
     FUZZ_CHECK(g_largest <= kAllocCap);
 
-    const std::vector<glrec::Call>& calls = rec.calls();
+    const std::vector<glrecorder::Call>& calls = rec.calls();
     FUZZ_CHECK(fuzzgl::BeginEndBalanced(calls));
     // The base's push and a hook's inside it.
     FUZZ_CHECK(fuzzgl::Paired(calls, "glPushMatrix", "glPopMatrix", 2));
@@ -219,7 +219,7 @@ class SpringFuzzer {
 
   // The compression schematic: optional end strokes and two vertices a
   // turn, one at the top.
-  void CheckSchematicCount(const std::vector<glrec::Call>& calls) {
+  void CheckSchematicCount(const std::vector<glrecorder::Call>& calls) {
     if (m_type != 0 || (m_type2 & kSchematic) == 0 || calls.empty()) {
       return;
     }
@@ -229,8 +229,9 @@ class SpringFuzzer {
     }
     const std::size_t ends = (m_type2 - kSchematic) != 0 ? 4 : 0;
     const std::size_t strokes = turns > 0 ? 2 * static_cast<std::size_t>(turns) : 0;
-    const std::size_t emitted = static_cast<std::size_t>(std::count_if(
-        calls.begin(), calls.end(), [](const glrec::Call& c) { return c.name == "glVertex3d"; }));
+    const std::size_t emitted = static_cast<std::size_t>(
+        std::count_if(calls.begin(), calls.end(),
+                      [](const glrecorder::Call& c) { return c.name == "glVertex3d"; }));
     // Nothing at all when the list was current.
     if (emitted != 0) {
       FUZZ_CHECK(emitted == ends + strokes + 1);
@@ -281,13 +282,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const int hooked = __sanitizer_install_malloc_and_free_hooks(MallocHook, FreeHook);
   static_cast<void>(hooked);
 #endif
-  glrec::recorder().reset();
+  glrecorder::recorder().reset();
   {
     FuzzInput in(data, size);
     SpringFuzzer fuzzer(in);
     fuzzer.Run();
   }
-  FUZZ_CHECK(glrec::recorder().listNames().empty());
-  glrec::recorder().reset();
+  FUZZ_CHECK(glrecorder::recorder().listNames().empty());
+  glrecorder::recorder().reset();
   return 0;
 }

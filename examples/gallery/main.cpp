@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     return *status;
   }
 
-  eglfixture::EglContext context(options.width, options.height, kSamples);
+  headless::EglContext context(options.width, options.height, kSamples);
   if (!context.ok()) {
     std::cerr << program << ": no headless OpenGL context (EGL surfaceless platform, Mesa "
               << "llvmpipe): " << context.error() << '\n';
@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
     scene.draw();
     gallery::drawLabels(layout, labels);
   }  // the scene's display lists go while the context is still current
-  const std::vector<std::string> glErrors = eglfixture::pendingGLErrors();
+  const std::vector<std::string> glErrors = headless::pendingGLErrors();
 
   std::string error;
   if (!context.savePng(options.out, &error)) {
@@ -78,6 +78,6 @@ int main(int argc, char** argv) {
   std::cout << "gallery: " << absolute(options.out) << " (" << options.width << 'x'
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
-            << "x multisampling, " << eglfixture::EglContext::renderer() << ")\n";
+            << "x multisampling, " << headless::EglContext::renderer() << ")\n";
   return examples::code(examples::Exit::Ok);
 }

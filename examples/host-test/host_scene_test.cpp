@@ -14,14 +14,14 @@
 
 namespace {
 
-glrec::Recorder& gl() {
-  return glrec::recorder();
+glrecorder::Recorder& gl() {
+  return glrecorder::recorder();
 }
 
 // Calls that took effect, with the lists glCallList replayed expanded in place.
 std::size_t executedCount(const std::string& name) {
   std::size_t n = 0;
-  for (const glrec::Call& call : gl().executedCalls()) {
+  for (const glrecorder::Call& call : gl().executedCalls()) {
     n += call.name == name ? 1 : 0;
   }
   return n;
@@ -36,7 +36,7 @@ class HostScene : public ::testing::Test {
 // Lumagrid::lumagrid brings the real libGL along: a call the double lacks would reach it
 // unrecorded. None does.
 TEST_F(HostScene, EveryGLCallIsRecorded) {
-  EXPECT_EQ(glrec::unrecordedEntryPoints(), std::vector<std::string>{});
+  EXPECT_EQ(glrecorder::unrecordedEntryPoints(), std::vector<std::string>{});
 }
 
 TEST_F(HostScene, SetsUpTheViewBeforeDrawing) {
@@ -48,13 +48,13 @@ TEST_F(HostScene, SetsUpTheViewBeforeDrawing) {
   const std::vector<std::string> log = gl().log();
   ASSERT_GE(log.size(), 7u);
   EXPECT_LINES((std::vector<std::string>{
-                   glrec::line("glViewport", 0, 0, 640, 480),
-                   glrec::line("glClearColor", 0.1f, 0.1f, 0.1f, 1.0f),
-                   glrec::line("glClear", GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT),
-                   glrec::line("glMatrixMode", glrec::en(GL_PROJECTION)),
+                   glrecorder::line("glViewport", 0, 0, 640, 480),
+                   glrecorder::line("glClearColor", 0.1f, 0.1f, 0.1f, 1.0f),
+                   glrecorder::line("glClear", GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT),
+                   glrecorder::line("glMatrixMode", glrecorder::en(GL_PROJECTION)),
                    "glLoadIdentity()",
-                   glrec::line("gluPerspective", 35.0, 640.0 / 480, 1.0, 20.0),
-                   glrec::line("glMatrixMode", glrec::en(GL_MODELVIEW)),
+                   glrecorder::line("gluPerspective", 35.0, 640.0 / 480, 1.0, 20.0),
+                   glrecorder::line("glMatrixMode", glrecorder::en(GL_MODELVIEW)),
                }),
                std::vector<std::string>(log.begin(), log.begin() + 7));
   EXPECT_EQ(gl().get(GL_VIEWPORT), (std::vector<double>{0, 0, 640, 480}));

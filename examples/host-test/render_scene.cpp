@@ -8,7 +8,7 @@
 
 int main(int argc, char** argv) {
   const char* out = argc > 1 ? argv[1] : "scene.png";
-  eglfixture::EglContext gl(320, 240);
+  headless::EglContext gl(320, 240);
   if (!gl.ok()) {
     std::cerr << gl.error() << '\n';
     return 2;
@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     std::cerr << why << '\n';
     return 1;
   }
-  const eglfixture::Rgba centre = gl.pixel(gl.width() / 2, gl.height() / 2);
+  const headless::Rgba centre = gl.pixel(gl.width() / 2, gl.height() / 2);
   std::cout << out << ": centre " << centre << '\n';
   return centre.r > 100 && centre.g < 60 ? 0 : 1;  // the red ball
 }

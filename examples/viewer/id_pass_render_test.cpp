@@ -49,7 +49,7 @@ class IdPassRender : public ::testing::Test {
     return gallery::catalog()[scene_->items()[*i].entry].name;
   }
 
-  eglfixture::EglContext context_{kWidth, kHeight};
+  headless::EglContext context_{kWidth, kHeight};
   std::vector<std::size_t> entries_;
   gallery::Layout layout_{gallery::catalog().size(), kWidth, kHeight};
   std::optional<gallery::GalleryScene> scene_;

@@ -78,7 +78,7 @@ void onDisplay() {
   }
   app.viewer->draw();
   ++app.frame;
-  const std::vector<std::string> errors = eglfixture::pendingGLErrors();
+  const std::vector<std::string> errors = headless::pendingGLErrors();
   if (!errors.empty()) {
     app.glError = true;
     std::cerr << kProgram << ": OpenGL reported";

@@ -15,7 +15,7 @@ bool saveScreenshot(const std::string& path, int width, int height, std::string*
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, rgb.data());
 
-  return eglfixture::writePng(path, width, height, 3, rgb.data(), error);
+  return headless::writePng(path, width, height, 3, rgb.data(), error);
 }
 
 }  // namespace viewer

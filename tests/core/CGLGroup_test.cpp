@@ -16,11 +16,11 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
+using glrecorder::en;
+using glrecorder::line;
 
 std::string MultLine(const mat4x4& m) {
-  return line("glMultMatrixd", glrec::doubles(m, 16));
+  return line("glMultMatrixd", glrecorder::doubles(m, 16));
 }
 
 std::string MaterialLine(float r, float g, float b, float a) {
@@ -60,25 +60,25 @@ class ColorCountingShape : public QuadShape {
 
 TEST_F(CGLGroupTest, EmptyGroupDrawPushesOnceAndPopsTwice) {
   GroupProbe g;
-  glrec::recorder().setMaxStackDepth(GL_MODELVIEW, 32);
+  glrecorder::recorder().setMaxStackDepth(GL_MODELVIEW, 32);
   glPushMatrix();  // a spare matrix for the extra pop
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   EXPECT_EQ(g.Draw(), 1);
-  EXPECT_THAT(glrec::recorder().log(),
-              glrec::LinesEq({
+  EXPECT_THAT(glrecorder::recorder().log(),
+              glrecorder::LinesEq({
                   "glPushMatrix()", MultLine(Identity()), MaterialLine(0.5f, 0.5f, 0.5f, 1.0f),
                   "glPopMatrix()",  // DisplayListMake's own pop
                   "glPopMatrix()",  // DrawFinish
               }));
-  EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
-  EXPECT_EQ(glrec::recorder().underflows(), 0);
+  EXPECT_EQ(glrecorder::recorder().stackDepth(GL_MODELVIEW), 1);
+  EXPECT_EQ(glrecorder::recorder().underflows(), 0);
 }
 
 TEST_F(CGLGroupTest, GroupDrawOnAnEmptyStackUnderflows) {
   GroupProbe g;
   g.Draw();
-  EXPECT_EQ(glrec::recorder().underflows(GL_MODELVIEW), 1);
-  EXPECT_EQ(glrec::recorder().pendingError(), static_cast<GLenum>(GL_STACK_UNDERFLOW));
+  EXPECT_EQ(glrecorder::recorder().underflows(GL_MODELVIEW), 1);
+  EXPECT_EQ(glrecorder::recorder().pendingError(), static_cast<GLenum>(GL_STACK_UNDERFLOW));
 }
 
 TEST_F(CGLGroupTest, GroupNeverBuildsAListAndStaysModified) {
@@ -93,7 +93,7 @@ TEST_F(CGLGroupTest, GroupNeverBuildsAListAndStaysModified) {
   g.Draw();
   EXPECT_EQ(g.m_nDisplayList, -1);
   EXPECT_TRUE(g.m_bModified);
-  EXPECT_EQ(glrec::recorder().count("glNewList"), 1u);  // the member's only
+  EXPECT_EQ(glrecorder::recorder().count("glNewList"), 1u);  // the member's only
 }
 
 TEST_F(CGLGroupTest, MembersAreDrawnInsideTheGroupTransformInOrder) {
@@ -107,14 +107,14 @@ TEST_F(CGLGroupTest, MembersAreDrawnInsideTheGroupTransformInOrder) {
   EXPECT_EQ(g.Move(1.0, 2.0, 3.0), 1);
   second->Move(0.0, 0.0, 5.0);
   glPushMatrix();
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   g.Draw();
   mat4x4 groupMatrix;
   groupMatrix.loadTranslate(1.0, 2.0, 3.0);
   mat4x4 secondMatrix;
   secondMatrix.loadTranslate(0.0, 0.0, 5.0);
-  EXPECT_THAT(glrec::recorder().log(),
-              glrec::LinesEq({
+  EXPECT_THAT(glrecorder::recorder().log(),
+              glrecorder::LinesEq({
                   "glPushMatrix()",
                   MultLine(groupMatrix),
                   MaterialLine(0.5f, 0.5f, 0.5f, 1.0f),
@@ -174,7 +174,7 @@ TEST_F(CGLGroupTest, MembersAreDrawnTranslatedByTheGroup) {
   g.Move(1.0, 2.0, 3.0);
   glPushMatrix();
   g.Draw();
-  const auto& prims = glrec::recorder().primitives();
+  const auto& prims = glrecorder::recorder().primitives();
   ASSERT_EQ(prims.size(), 1u);
   ASSERT_EQ(prims[0].eyeVertices.size(), 4u);
   EXPECT_EQ(prims[0].eyeVertices[0], (std::array<double, 3>{0.5, 1.5, 3.0}));
@@ -186,13 +186,13 @@ TEST_F(CGLGroupTest, HiddenGroupDrawsNothing) {
   g.Add(new QuadShape);
   g.SetVisible(false);
   EXPECT_EQ(g.Draw(), 1);
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
 TEST_F(CGLGroupTest, EmptyGroupDrawDirectMakesNoCall) {
   GroupProbe g;
   EXPECT_EQ(g.DrawDirect(), 1);
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
 TEST_F(CGLGroupTest, DrawDirectPassesToMembersWithoutTheGroupTransform) {
@@ -201,19 +201,19 @@ TEST_F(CGLGroupTest, DrawDirectPassesToMembersWithoutTheGroupTransform) {
   g.Add(new ObjectProbe);  // no immediate-mode geometry: draws nothing
   g.Add(new QuadShape(1.0f));
   EXPECT_EQ(g.DrawDirect(), 1);
-  EXPECT_THAT(glrec::recorder().log(), glrec::LinesEq({
-                                           "glPushMatrix()",
-                                           MultLine(Identity()),
-                                           MaterialLine(0.5f, 0.5f, 0.5f, 1.0f),
-                                           "glBegin(GL_QUADS)",
-                                           "glNormal3f(0, 0, 1)",
-                                           "glVertex3f(-1, -1, 0)",
-                                           "glVertex3f(1, -1, 0)",
-                                           "glVertex3f(1, 1, 0)",
-                                           "glVertex3f(-1, 1, 0)",
-                                           "glEnd()",
-                                           "glPopMatrix()",
-                                       }));
+  EXPECT_THAT(glrecorder::recorder().log(), glrecorder::LinesEq({
+                                                "glPushMatrix()",
+                                                MultLine(Identity()),
+                                                MaterialLine(0.5f, 0.5f, 0.5f, 1.0f),
+                                                "glBegin(GL_QUADS)",
+                                                "glNormal3f(0, 0, 1)",
+                                                "glVertex3f(-1, -1, 0)",
+                                                "glVertex3f(1, -1, 0)",
+                                                "glVertex3f(1, 1, 0)",
+                                                "glVertex3f(-1, 1, 0)",
+                                                "glEnd()",
+                                                "glPopMatrix()",
+                                            }));
 }
 
 // ---------------------------------------------------------------- members
@@ -249,10 +249,10 @@ TEST_F(CGLGroupTest, DuplicateMemberIsDrawnTwiceAndDeletedOnce) {
     EXPECT_EQ(g.Add(p), 1);
     EXPECT_EQ(g.Add(p), 2);
     glPushMatrix();
-    glrec::recorder().clearCalls();
+    glrecorder::recorder().clearCalls();
     g.Draw();
-    EXPECT_EQ(glrec::recorder().count("glCallList"), 3u);
-    EXPECT_EQ(glrec::recorder().count("glNewList"), 1u);
+    EXPECT_EQ(glrecorder::recorder().count("glCallList"), 3u);
+    EXPECT_EQ(glrecorder::recorder().count("glNewList"), 1u);
   }
   EXPECT_EQ(deaths, 1);
 }
@@ -276,7 +276,7 @@ TEST_F(CGLGroupTest, MembersAreDeletedInOrderEachAtItsFirstPlace) {
 
 TEST_F(CGLGroupTest, NullMemberIsSkippedByEveryPass) {
   auto passes = [](bool withNull) {
-    glrec::recorder().reset();
+    glrecorder::recorder().reset();
     GroupProbe g;
     auto* first = new ColorCountingShape;
     g.Add(first);
@@ -297,7 +297,7 @@ TEST_F(CGLGroupTest, NullMemberIsSkippedByEveryPass) {
     g.Select(false);
     glPushMatrix();
     g.Draw();
-    std::vector<std::string> seen = glrec::recorder().log();
+    std::vector<std::string> seen = glrecorder::recorder().log();
     for (const ColorCountingShape* m : {first, second}) {
       seen.push_back(std::to_string(m->byColor) + " " + std::to_string(m->byRef) + " " +
                      std::to_string(m->byGrey) + " " + std::to_string(m->byFour));
@@ -442,7 +442,7 @@ TEST(CGLGroupAbi, SlotNamesMatchTheVirtualTable) {
 }
 
 TEST(CGLGroupAbi, OverridesTheColourFormsListMakingImmediateDrawAndSelectOnly) {
-  glrec::recorder().reset();
+  glrecorder::recorder().reset();
   const CGLObject base;
   const CGLGroup group;
   EXPECT_THAT(OverriddenVirtuals(group, base),

@@ -22,8 +22,8 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
+using glrecorder::en;
+using glrecorder::line;
 
 class CGLMatrixGuardTest : public RecordedTest {
  protected:
@@ -33,12 +33,12 @@ class CGLMatrixGuardTest : public RecordedTest {
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glTranslated(1.0, 2.0, 3.0);
-    m_hostMatrix = glrec::recorder().matrix(GL_MODELVIEW);
+    m_hostMatrix = glrecorder::recorder().matrix(GL_MODELVIEW);
   }
 
-  static int Depth() { return glrec::recorder().stackDepth(GL_MODELVIEW); }
+  static int Depth() { return glrecorder::recorder().stackDepth(GL_MODELVIEW); }
 
-  glrec::Matrix m_hostMatrix{};
+  glrecorder::Matrix m_hostMatrix{};
 };
 
 // A group that moves its members, so that a lost matrix would show.
@@ -52,7 +52,7 @@ CGLGroup* MovedGroup() {
 TEST_F(CGLMatrixGuardTest, GroupDrawWithoutGuardUnderflows) {
   std::unique_ptr<CGLGroup> group(MovedGroup());
   group->Draw();
-  EXPECT_EQ(1, glrec::recorder().underflows(GL_MODELVIEW));
+  EXPECT_EQ(1, glrecorder::recorder().underflows(GL_MODELVIEW));
   EXPECT_EQ(GL_STACK_UNDERFLOW, glGetError());
 }
 
@@ -64,11 +64,11 @@ struct CameraFrame {
 };
 
 CameraFrame DrawUnderPushedCamera(bool guarded) {
-  const int underflowsBefore = glrec::recorder().underflows(GL_MODELVIEW);
+  const int underflowsBefore = glrecorder::recorder().underflows(GL_MODELVIEW);
   glLoadIdentity();
   glPushMatrix();
   glTranslated(0.0, 0.0, -5.0);  // the camera
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   std::unique_ptr<CGLGroup> group(new CGLGroup);
   group->Add(new QuadShape);
   QuadShape later;
@@ -78,13 +78,13 @@ CameraFrame DrawUnderPushedCamera(bool guarded) {
     later.Draw();
   }
   glPopMatrix();
-  const std::vector<glrec::Primitive>& drawn = glrec::recorder().primitives();
+  const std::vector<glrecorder::Primitive>& drawn = glrecorder::recorder().primitives();
   if (drawn.size() != 2) {
     ADD_FAILURE() << drawn.size() << " primitives";
     return {};
   }
   return {drawn[0].eyeVertices[0][2], drawn[1].eyeVertices[0][2],
-          glrec::recorder().underflows(GL_MODELVIEW) - underflowsBefore};
+          glrecorder::recorder().underflows(GL_MODELVIEW) - underflowsBefore};
 }
 
 TEST_F(CGLMatrixGuardTest, WithoutSpareMatrixShapesAfterAGroupLoseAPushedCamera) {
@@ -107,8 +107,8 @@ TEST_F(CGLMatrixGuardTest, GroupThatPopsTwiceLeavesDepthAndMatrix) {
     EXPECT_EQ(1, Depth());  // one shallower: the group's extra pop took the spare
   }
   EXPECT_EQ(1, Depth());
-  EXPECT_EQ(0, glrec::recorder().underflows());
-  EXPECT_EQ(m_hostMatrix, glrec::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(0, glrecorder::recorder().underflows());
+  EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
   EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
 }
 
@@ -119,16 +119,16 @@ TEST_F(CGLMatrixGuardTest, SceneWithAxisTriadKeepsHostMatrix) {
   scene.AddGLShape(axis);
   glPushMatrix();  // the host draws one level down
   glTranslated(0.0, 0.0, -5.0);
-  const glrec::Matrix inner = glrec::recorder().matrix(GL_MODELVIEW);
+  const glrecorder::Matrix inner = glrecorder::recorder().matrix(GL_MODELVIEW);
   {
     CGLMatrixGuard guard;
     scene.DrawGLShapes();
   }
   EXPECT_EQ(2, Depth());
-  EXPECT_EQ(inner, glrec::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(inner, glrecorder::recorder().matrix(GL_MODELVIEW));
   glPopMatrix();
-  EXPECT_EQ(m_hostMatrix, glrec::recorder().matrix(GL_MODELVIEW));
-  EXPECT_EQ(0, glrec::recorder().underflows());
+  EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(0, glrecorder::recorder().underflows());
 }
 
 TEST_F(CGLMatrixGuardTest, OneSparePerGroup) {
@@ -140,8 +140,8 @@ TEST_F(CGLMatrixGuardTest, OneSparePerGroup) {
     second->Draw();
   }
   EXPECT_EQ(1, Depth());
-  EXPECT_EQ(0, glrec::recorder().underflows());
-  EXPECT_EQ(m_hostMatrix, glrec::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(0, glrecorder::recorder().underflows());
+  EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
 TEST_F(CGLMatrixGuardTest, PopsWhatAnEmptyBeltLeftPushed) {
@@ -152,25 +152,26 @@ TEST_F(CGLMatrixGuardTest, PopsWhatAnEmptyBeltLeftPushed) {
     EXPECT_EQ(2, Depth());
   }
   EXPECT_EQ(1, Depth());
-  EXPECT_EQ(m_hostMatrix, glrec::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
 TEST_F(CGLMatrixGuardTest, ExactCallsAroundABalancedDraw) {
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   { CGLMatrixGuard guard; }
   const std::array<double, 16> host = m_hostMatrix;
-  EXPECT_THAT(glrec::recorder().log(), glrec::LinesEq({
-                                           line("glGetIntegerv", en(GL_MATRIX_MODE)),
-                                           line("glGetDoublev", en(GL_MODELVIEW_MATRIX)),
-                                           line("glGetIntegerv", en(GL_MODELVIEW_STACK_DEPTH)),
-                                           line("glGetIntegerv", en(GL_MAX_MODELVIEW_STACK_DEPTH)),
-                                           "glPushMatrix()",
-                                           line("glGetIntegerv", en(GL_MATRIX_MODE)),
-                                           line("glGetIntegerv", en(GL_MODELVIEW_STACK_DEPTH)),
-                                           "glPopMatrix()",  // the spare nobody took
-                                           "glLoadIdentity()",
-                                           line("glMultMatrixd", host),
-                                       }));
+  EXPECT_THAT(glrecorder::recorder().log(),
+              glrecorder::LinesEq({
+                  line("glGetIntegerv", en(GL_MATRIX_MODE)),
+                  line("glGetDoublev", en(GL_MODELVIEW_MATRIX)),
+                  line("glGetIntegerv", en(GL_MODELVIEW_STACK_DEPTH)),
+                  line("glGetIntegerv", en(GL_MAX_MODELVIEW_STACK_DEPTH)),
+                  "glPushMatrix()",
+                  line("glGetIntegerv", en(GL_MATRIX_MODE)),
+                  line("glGetIntegerv", en(GL_MODELVIEW_STACK_DEPTH)),
+                  "glPopMatrix()",  // the spare nobody took
+                  "glLoadIdentity()",
+                  line("glMultMatrixd", host),
+              }));
 }
 
 TEST_F(CGLMatrixGuardTest, LeavesTheMatrixModeItFound) {
@@ -182,26 +183,26 @@ TEST_F(CGLMatrixGuardTest, LeavesTheMatrixModeItFound) {
     group->Draw();
     glMatrixMode(GL_PROJECTION);
   }
-  EXPECT_EQ(static_cast<GLenum>(GL_PROJECTION), glrec::recorder().matrixMode());
-  EXPECT_EQ(1, glrec::recorder().stackDepth(GL_PROJECTION));
+  EXPECT_EQ(static_cast<GLenum>(GL_PROJECTION), glrecorder::recorder().matrixMode());
+  EXPECT_EQ(1, glrecorder::recorder().stackDepth(GL_PROJECTION));
   EXPECT_EQ(1, Depth());
-  EXPECT_EQ(m_hostMatrix, glrec::recorder().matrix(GL_MODELVIEW));
+  EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
 TEST_F(CGLMatrixGuardTest, SparesStopAtTheStackLimit) {
-  glrec::recorder().setMaxStackDepth(GL_MODELVIEW, 3);
+  glrecorder::recorder().setMaxStackDepth(GL_MODELVIEW, 3);
   {
     CGLMatrixGuard guard(5);
     EXPECT_EQ(3, Depth());
   }
-  EXPECT_EQ(0, glrec::recorder().overflows());
+  EXPECT_EQ(0, glrecorder::recorder().overflows());
   EXPECT_EQ(1, Depth());
 }
 
 TEST_F(CGLMatrixGuardTest, SavesDepthAndMatrixAtConstruction) {
   CGLMatrixGuard guard;
   EXPECT_EQ(1, guard.SavedDepth());
-  glrec::Matrix saved{};
+  glrecorder::Matrix saved{};
   std::copy(guard.SavedMatrix(), guard.SavedMatrix() + 16, saved.begin());
   EXPECT_EQ(m_hostMatrix, saved);
 }

@@ -16,12 +16,12 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::LinesEq;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::LinesEq;
 
 std::string MultLine(const mat4x4& m) {
-  return line("glMultMatrixd", glrec::doubles(m, 16));
+  return line("glMultMatrixd", glrecorder::doubles(m, 16));
 }
 
 std::string MaterialLine(float r, float g, float b, float a) {
@@ -50,8 +50,8 @@ std::vector<std::string> Join(std::vector<std::vector<std::string>> parts) {
   return all;
 }
 
-glrec::Recorder& Rec() {
-  return glrec::recorder();
+glrecorder::Recorder& Rec() {
+  return glrecorder::recorder();
 }
 
 class CGLObjectDrawTest : public RecordedTest {};
@@ -119,7 +119,7 @@ TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
   q.Draw();
   const auto mult = Rec().callsNamed("glMultMatrixd");
   ASSERT_EQ(mult.size(), 1u);
-  EXPECT_EQ(mult[0].str(), line("glMultMatrixd", glrec::doubles(raw, 16)));
+  EXPECT_EQ(mult[0].str(), line("glMultMatrixd", glrecorder::doubles(raw, 16)));
 }
 
 TEST_F(CGLObjectDrawTest, MaterialCarriesTheChannelsRoundedToFloat) {
@@ -308,7 +308,7 @@ TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 }
 
-class GenListsFailureTest : public RecordedTestWithParam<glrec::GenLists> {};
+class GenListsFailureTest : public RecordedTestWithParam<glrecorder::GenLists> {};
 
 TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
   Rec().setGenLists(GetParam());
@@ -327,7 +327,7 @@ TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
   EXPECT_TRUE(q.m_bModified);
   EXPECT_EQ(q.m_nDisplayList, -1);
 
-  Rec().setGenLists(glrec::GenLists::Normal);
+  Rec().setGenLists(glrecorder::GenLists::Normal);
   Rec().clearCalls();
   q.Draw();
   EXPECT_EQ(Rec().count("glNewList"), 1u);
@@ -337,8 +337,8 @@ TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Failures, GenListsFailureTest,
-                         ::testing::Values(glrec::GenLists::ReturnZero,
-                                           glrec::GenLists::ReturnUnknown));
+                         ::testing::Values(glrecorder::GenLists::ReturnZero,
+                                           glrecorder::GenLists::ReturnUnknown));
 
 TEST_F(CGLObjectDrawTest, ExistingListIsReusedNotRegenerated) {
   QuadShape q;

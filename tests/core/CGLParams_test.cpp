@@ -12,9 +12,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::LinesEq;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::LinesEq;
 
 class CGLParamsTest : public RecordedTest {
  protected:
@@ -24,7 +24,7 @@ class CGLParamsTest : public RecordedTest {
     glLoadIdentity();
     glOrtho(l, r, b, t, n, f);
     glMatrixMode(mode);
-    glrec::recorder().clearCalls();
+    glrecorder::recorder().clearCalls();
   }
 };
 
@@ -35,29 +35,29 @@ TEST_F(CGLParamsTest, GetClippingPlanesInvertsTheOrthographicDepthTerms) {
   CGLParams::GetClippingPlanes(n, f);
   EXPECT_NEAR(n, 1.0, 1e-12);
   EXPECT_NEAR(f, 100.0, 1e-12);
-  const auto proj = glrec::recorder().matrix(GL_PROJECTION);
+  const auto proj = glrecorder::recorder().matrix(GL_PROJECTION);
   EXPECT_EQ(n, (proj[14] + 1.0) / proj[10]);
   EXPECT_EQ(f, n - 2.0 / proj[10]);
-  EXPECT_THAT(glrec::recorder().log(),
+  EXPECT_THAT(glrecorder::recorder().log(),
               ::testing::ElementsAre(::testing::StartsWith("glGetDoublev(GL_PROJECTION_MATRIX")));
 }
 
 TEST_F(CGLParamsTest, SetClippingPlanesRewritesOnlyTheDepthTerms) {
   Ortho(-3, 5, -2, 4, 1, 100, GL_MODELVIEW);
-  const auto before = glrec::recorder().matrix(GL_PROJECTION);
+  const auto before = glrecorder::recorder().matrix(GL_PROJECTION);
   CGLParams::SetClippingPlanes(2.0, 50.0);
   auto expected = before;
   expected[10] = -2.0 / (50.0 - 2.0);
   expected[14] = -(50.0 + 2.0) / (50.0 - 2.0);
-  EXPECT_THAT(glrec::recorder().log(),
+  EXPECT_THAT(glrecorder::recorder().log(),
               LinesEq({
                   line("glGetDoublev", en(GL_PROJECTION_MATRIX)),
                   "glMatrixMode(GL_PROJECTION)",
                   "glLoadIdentity()",
-                  line("glMultMatrixd", glrec::doubles(expected.data(), 16)),
+                  line("glMultMatrixd", glrecorder::doubles(expected.data(), 16)),
                   "glMatrixMode(GL_MODELVIEW)",
               }));
-  const auto after = glrec::recorder().matrix(GL_PROJECTION);
+  const auto after = glrecorder::recorder().matrix(GL_PROJECTION);
   for (int i : {0, 5, 12, 13}) {
     EXPECT_EQ(after[static_cast<std::size_t>(i)], before[static_cast<std::size_t>(i)]) << i;
   }
@@ -70,16 +70,16 @@ TEST_F(CGLParamsTest, SetClippingPlanesRewritesOnlyTheDepthTerms) {
 
 TEST_F(CGLParamsTest, SetClippingPlanesLeavesModelViewCurrentWhateverCameBefore) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_PROJECTION);
-  ASSERT_EQ(glrec::recorder().matrixMode(), static_cast<GLenum>(GL_PROJECTION));
+  ASSERT_EQ(glrecorder::recorder().matrixMode(), static_cast<GLenum>(GL_PROJECTION));
   CGLParams::SetClippingPlanes(1.0, 10.0);
-  EXPECT_EQ(glrec::recorder().matrixMode(), static_cast<GLenum>(GL_MODELVIEW));
-  EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
+  EXPECT_EQ(glrecorder::recorder().matrixMode(), static_cast<GLenum>(GL_MODELVIEW));
+  EXPECT_EQ(glrecorder::recorder().stackDepth(GL_MODELVIEW), 1);
 }
 
 TEST_F(CGLParamsTest, EqualPlanesLoadInfiniteTermsUnchecked) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_MODELVIEW);
   CGLParams::SetClippingPlanes(5.0, 5.0);
-  const auto after = glrec::recorder().matrix(GL_PROJECTION);
+  const auto after = glrecorder::recorder().matrix(GL_PROJECTION);
   EXPECT_TRUE(std::isinf(after[10]));
   EXPECT_TRUE(std::isinf(after[14]));
 }

@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "core_probes.h"
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::colorNear;
-using eglfixture::Rgba;
+using headless::colorNear;
+using headless::Rgba;
 
 // The fixture's ortho(-2, 2) maps x = -1 and x = 1 to these columns of 128.
 constexpr int kLeft = 32;
@@ -32,7 +32,7 @@ Rgba Lit(double r, double g, double b) {
 
 const Rgba kBlack{0, 0, 0, 255};
 
-class CoreRenderTest : public eglfixture::RealGLTest {};
+class CoreRenderTest : public headless::RealGLTest {};
 
 GLint ModelViewDepth() {
   GLint depth = 0;
@@ -167,7 +167,7 @@ TEST_F(CoreRenderTest, HostKeepingASpareMatrixDrawsAGroupWithoutError) {
 
 // ---------------------------------------------------------------- clipping planes
 
-class ClippingPlanesTest : public eglfixture::RealGLTest {
+class ClippingPlanesTest : public headless::RealGLTest {
  protected:
   static void Projection(double m[16]) { glGetDoublev(GL_PROJECTION_MATRIX, m); }
   static void LoadOrtho(double l, double r, double b, double t, double n, double f) {

@@ -113,7 +113,7 @@ TEST_F(CGLSceneTest, NewSceneDrawsNothingAndDeletesNothing) {
   EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
   scene.DrawGLShapes();
   EXPECT_EQ(scene.SetMatrix(Identity()), 1);
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
 TEST_F(CGLSceneTest, AddGLShapeAlwaysReturnsOne) {
@@ -134,9 +134,9 @@ TEST_F(CGLSceneTest, AddingTwiceAndDeletingOnceDeletesTheShapeOnce) {
   scene.AddGLShape(p);
   EXPECT_EQ(scene.DeleteGLShape(p), 1);
   EXPECT_EQ(deaths, 1);
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   scene.DrawGLShapes();
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
 TEST_F(CGLSceneTest, DeletingAnUnknownShapeLeavesItAlive) {
@@ -168,9 +168,9 @@ TEST_F(CGLSceneTest, ShowGLShapeHidesAShapeInTheScene) {
   scene.AddGLShape(p);
   scene.ShowGLShape(p, 0);
   EXPECT_EQ(p->IsVisible(), 0);
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   scene.DrawGLShapes();
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
   scene.ShowGLShape(p, 7);  // any non-zero value shows
   EXPECT_EQ(p->IsVisible(), 1);
 }
@@ -204,11 +204,11 @@ TEST_F(CGLSceneTest, ShowGLShapesZeroSilencesTheWholeScene) {
   scene.AddGLShape(p);
   scene.ShowGLShapes(0);
   scene.DrawGLShapes();
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
   EXPECT_EQ(p->IsVisible(), 1);  // the shapes' own flags are untouched
   scene.ShowGLShapes(2);
   scene.DrawGLShapes();
-  EXPECT_EQ(glrec::recorder().count("glCallList"), 1u);
+  EXPECT_EQ(glrecorder::recorder().count("glCallList"), 1u);
 }
 
 class SceneProbe : public CGLScene {
@@ -237,12 +237,12 @@ TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {
   }
   scene.ResetGLShapes();
   EXPECT_EQ(deaths, 3);
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   scene.DrawGLShapes();
-  EXPECT_TRUE(glrec::recorder().log().empty());
+  EXPECT_TRUE(glrecorder::recorder().log().empty());
   scene.AddGLShape(new CountedShape(&deaths));  // still usable
   scene.DrawGLShapes();
-  EXPECT_EQ(glrec::recorder().count("glPushMatrix"), 1u);
+  EXPECT_EQ(glrecorder::recorder().count("glPushMatrix"), 1u);
 }
 
 TEST_F(CGLSceneTest, DestroyingTheSceneDeletesItsShapes) {
@@ -310,7 +310,7 @@ TEST_F(CGLSceneTest, NullShapeIsSkippedByEveryPass) {
 
 TEST_F(CGLSceneTest, NullShapeDoesNotChangeWhatRealShapesDraw) {
   auto draw = [](bool withNull) {
-    glrec::recorder().reset();
+    glrecorder::recorder().reset();
     CGLScene scene;
     auto* q = new QuadShape(0.5f);
     q->Move(0.0, 0.0, 0.0);
@@ -321,7 +321,7 @@ TEST_F(CGLSceneTest, NullShapeDoesNotChangeWhatRealShapesDraw) {
     scene.DrawGLShapes();
     scene.SelectGLShape(q, 1);
     scene.DrawGLShapes();
-    return glrec::recorder().log();
+    return glrecorder::recorder().log();
   };
   const std::vector<std::string> plain = draw(false);
   EXPECT_FALSE(plain.empty());
@@ -520,7 +520,7 @@ TEST_F(CGLSceneTest, DrawGLShapesIssuesNothingOfItsOwn) {
   auto* p = new ObjectProbe;  // a bare object: push, multiply, material, pop
   scene.AddGLShape(p);
   scene.DrawGLShapes();
-  EXPECT_THAT(glrec::recorder().log(),
+  EXPECT_THAT(glrecorder::recorder().log(),
               ::testing::ElementsAre("glPushMatrix()", ::testing::StartsWith("glMultMatrixd("),
                                      ::testing::StartsWith("glMaterialfv("), "glPopMatrix()"));
 }
@@ -533,9 +533,9 @@ TEST_F(CGLSceneTest, HiddenShapesAreSkippedByTheirOwnDraw) {
   scene.AddGLShape(hidden);
   hidden->SetVisible(false);
   scene.DrawGLShapes();
-  EXPECT_EQ(glrec::recorder().count("glPushMatrix"), 1u);
-  EXPECT_EQ(glrec::recorder().count("glCallList"), 1u);
-  EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
+  EXPECT_EQ(glrecorder::recorder().count("glPushMatrix"), 1u);
+  EXPECT_EQ(glrecorder::recorder().count("glCallList"), 1u);
+  EXPECT_EQ(glrecorder::recorder().stackDepth(GL_MODELVIEW), 1);
 }
 
 }  // namespace

@@ -14,9 +14,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::LinesEq;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::LinesEq;
 
 class ValueGLTest : public RecordedTest {};
 
@@ -24,13 +24,13 @@ TEST_F(ValueGLTest, GLColorSetsTheFrontMaterialFromTheFloatCopy) {
   ColorProbe c(0.1, 1.0 / 3.0, 0.9, 0.25);
   c.GLColor();
   const std::array<float, 4> f = {0.1f, static_cast<float>(1.0 / 3.0), 0.9f, 0.25f};
-  EXPECT_THAT(glrec::recorder().log(),
+  EXPECT_THAT(glrecorder::recorder().log(),
               LinesEq({line("glMaterialfv", en(GL_FRONT), en(GL_AMBIENT_AND_DIFFUSE), f)}));
   for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(c.GL()[i], f[static_cast<std::size_t>(i)]);
   }
-  EXPECT_EQ(glrec::recorder().material(GL_FRONT, GL_AMBIENT), f);
-  EXPECT_EQ(glrec::recorder().material(GL_FRONT, GL_DIFFUSE), f);
+  EXPECT_EQ(glrecorder::recorder().material(GL_FRONT, GL_AMBIENT), f);
+  EXPECT_EQ(glrecorder::recorder().material(GL_FRONT, GL_DIFFUSE), f);
 }
 
 TEST_F(ValueGLTest, CopiesDoNotCarryTheFloatCopyUntilTheirOwnGLColor) {
@@ -54,27 +54,27 @@ TEST_F(ValueGLTest, GLTranslateAndGLScaleSendSinglePrecision) {
   EXPECT_EQ(p.GLTranslate(), 1);
   EXPECT_EQ(p.GLScale(), 1);
   const float x = static_cast<float>(1.0 / 3.0);
-  EXPECT_THAT(glrec::recorder().log(), LinesEq({
-                                           line("glTranslatef", x, -2.5f, 1e-3f),
-                                           line("glScalef", x, -2.5f, 1e-3f),
-                                       }));
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                                line("glTranslatef", x, -2.5f, 1e-3f),
+                                                line("glScalef", x, -2.5f, 1e-3f),
+                                            }));
 }
 
 TEST_F(ValueGLTest, GLRotateTurnsAboutXThenYThenZInDegrees) {
   const CGLPoint p(90.0, 0.0, 0.0);
   EXPECT_EQ(p.GLRotate(), 1);
-  EXPECT_THAT(glrec::recorder().log(), LinesEq({
-                                           "glRotatef(90, 1, 0, 0)",
-                                           "glRotatef(0, 0, 1, 0)",
-                                           "glRotatef(0, 0, 0, 1)",
-                                       }));
-  glrec::recorder().clearCalls();
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                                "glRotatef(90, 1, 0, 0)",
+                                                "glRotatef(0, 0, 1, 0)",
+                                                "glRotatef(0, 0, 0, 1)",
+                                            }));
+  glrecorder::recorder().clearCalls();
   CGLPoint(10.0, 20.0, 30.0).GLRotate();
-  EXPECT_THAT(glrec::recorder().log(), LinesEq({
-                                           "glRotatef(10, 1, 0, 0)",
-                                           "glRotatef(20, 0, 1, 0)",
-                                           "glRotatef(30, 0, 0, 1)",
-                                       }));
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                                "glRotatef(10, 1, 0, 0)",
+                                                "glRotatef(20, 0, 1, 0)",
+                                                "glRotatef(30, 0, 0, 1)",
+                                            }));
 }
 
 }  // namespace

@@ -7,13 +7,9 @@
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 install_tree()
 
-foreach(f include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
-          ${LIBDIR}/cmake/Lumagrid/LumagridConfigVersion.cmake ${LIBDIR}/cmake/Lumagrid/FindGLE.cmake
-          ${LIBDIR}/pkgconfig/lumagrid.pc ${LIBDIR}/liblumagrid.a)
-  if(NOT EXISTS "${prefix}/${f}")
-    message(FATAL_ERROR "missing from the install tree: ${f}")
-  endif()
-endforeach()
+expect_installed(include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
+                 ${LIBDIR}/cmake/Lumagrid/LumagridConfigVersion.cmake ${LIBDIR}/cmake/Lumagrid/FindGLE.cmake
+                 ${LIBDIR}/pkgconfig/lumagrid.pc ${LIBDIR}/liblumagrid.a)
 
 # find_package: shared and static consumers.
 set(cmake_build "${WORK_DIR}/cmake-consumer")

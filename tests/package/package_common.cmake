@@ -1,4 +1,4 @@
-# Shared by the package checks: run() and install_tree().
+# Shared by the package checks: run(), install_tree() and expect_installed().
 
 # Runs a command; fails the check with its output when it fails. Its stdout is left in
 # last_output.
@@ -24,3 +24,12 @@ macro(install_tree)
   file(REMOVE_RECURSE "${WORK_DIR}")
   run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
 endmacro()
+
+# Fails the check unless every file named (relative to the install prefix) was installed.
+function(expect_installed)
+  foreach(f IN LISTS ARGN)
+    if(NOT EXISTS "${prefix}/${f}")
+      message(FATAL_ERROR "missing from the install tree: ${f}")
+    endif()
+  endforeach()
+endfunction()

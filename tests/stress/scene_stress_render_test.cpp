@@ -27,7 +27,7 @@
 #include <random>
 #include <vector>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define LUMAGRID_STRESS_UNDER_ASAN 1
@@ -39,7 +39,7 @@
 
 namespace {
 
-using eglfixture::RealGLTest;
+using headless::RealGLTest;
 
 #if defined(LUMAGRID_STRESS_UNDER_ASAN)
 // ASan's redzones and shadow take several times the memory (about 0.8 GB for 10,000 shapes); a

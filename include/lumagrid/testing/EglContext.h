@@ -6,7 +6,7 @@
 //   find_package(Lumagrid REQUIRED COMPONENTS headless)
 //   target_link_libraries(render_job PRIVATE Lumagrid::lumagrid Lumagrid::headless)
 //
-//   eglfixture::EglContext gl(512, 512);  // current, in the state applyDefaultState() sets
+//   headless::EglContext gl(512, 512);  // current, in the state applyDefaultState() sets
 //   if (!gl.ok()) { std::cerr << gl.error() << '\n'; return 1; }
 //   scene.DrawGLShapes();
 //   gl.savePng("scene.png");
@@ -22,7 +22,7 @@
 #include <string>
 #include <vector>
 
-namespace eglfixture {
+namespace headless {
 
 struct Rgba {
   std::uint8_t r = 0;
@@ -92,4 +92,4 @@ class EglContext {
   std::string error_;
 };
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace eglfixture {
+namespace headless {
 
 // GL_INVALID_ENUM, GL_STACK_UNDERFLOW, ... or the code in hex.
 std::string glErrorName(unsigned int error);
@@ -13,4 +13,4 @@ std::string glErrorName(unsigned int error);
 // at most one flag per error code, so this stops after 16.
 std::vector<std::string> pendingGLErrors();
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -16,10 +16,10 @@
 // The whole reference (entry points, log format, emulated state, queries) is
 // share/doc/lumagrid/testing-kit.md in the install tree.
 //
-//   glrec::recorder().reset();                  // before constructing the objects under test
+//   glrecorder::recorder().reset();                  // before constructing the objects under test
 //   drawMyScene();
-//   EXPECT_EQ(glrec::recorder().count("glCallList"), 2u);
-//   EXPECT_EQ(glrec::recorder().stackDepth(GL_MODELVIEW), 1);
+//   EXPECT_EQ(glrecorder::recorder().count("glCallList"), 2u);
+//   EXPECT_EQ(glrecorder::recorder().stackDepth(GL_MODELVIEW), 1);
 //
 // One recorder per process; not thread-safe (GL code runs on one thread).
 #pragma once
@@ -37,7 +37,7 @@
 #include <variant>
 #include <vector>
 
-namespace glrec {
+namespace glrecorder {
 
 // ------------------------------------------------------------------ arguments
 
@@ -131,8 +131,8 @@ std::string withGle(std::string_view line, int joinStyle, int numSides);
 // carries none.
 std::string withGleSettings(const Call& call);
 // withGleSettings() of each GLE sweep among calls, in order; other calls are left out. So
-//   EXPECT_LINES({glrec::withGle(line("gleToroid", ...), 530, 20)},
-//                glrec::gleLines(recorder().listCalls(2)));
+//   EXPECT_LINES({glrecorder::withGle(line("gleToroid", ...), 530, 20)},
+//                glrecorder::gleLines(recorder().listCalls(2)));
 // pins what a later list inherited, in one line.
 std::vector<std::string> gleLines(const std::vector<Call>& calls);
 
@@ -212,8 +212,8 @@ Array<double> points3(const std::vector<std::array<double, 3>>& points);
 std::string formatCall(std::string_view name, const std::vector<Arg>& args);
 
 // One expected log line built from computed values, formatted exactly like the log:
-//   glrec::line("gluCylinder", quad, 0.2 * 0.4, 0.2 * 0.4, 0.8, 128, 8)
-//   glrec::line("glNewList", 1, glrec::en(GL_COMPILE))
+//   glrecorder::line("gluCylinder", quad, 0.2 * 0.4, 0.2 * 0.4, 0.8, 128, 8)
+//   glrecorder::line("glNewList", 1, glrecorder::en(GL_COMPILE))
 // Pass floats for float parameters (glVertex3f, glMaterialfv) and doubles for double ones.
 template <class... A>
 std::string line(std::string_view name, const A&... args) {
@@ -351,7 +351,7 @@ Recorder& recorder();
 // GL, GLU and GLE entry points the program imports from the real libraries: calls the double
 // does not take, which therefore go unrecorded (and, with no context current, do nothing).
 // Sorted; empty when the double takes every call the program makes. A host's test suite checks
-// it once: EXPECT_TRUE(glrec::unrecordedEntryPoints().empty()).
+// it once: EXPECT_TRUE(glrecorder::unrecordedEntryPoints().empty()).
 std::vector<std::string> unrecordedEntryPoints();
 
-}  // namespace glrec
+}  // namespace glrecorder

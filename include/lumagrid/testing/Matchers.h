@@ -10,7 +10,7 @@
 
 #include <lumagrid/testing/GLRecorder.h>
 
-namespace glrec {
+namespace glrecorder {
 
 namespace detail {
 
@@ -46,13 +46,13 @@ class LinesEqMatcher {
 
 }  // namespace detail
 
-// EXPECT_THAT(glrec::recorder().log(), glrec::LinesEq({...})): on failure prints a line diff
-// of expected against actual.
+// EXPECT_THAT(glrecorder::recorder().log(), glrecorder::LinesEq({...})): on failure prints a line
+// diff of expected against actual.
 inline auto LinesEq(std::vector<std::string> expected) {
   return detail::LinesEqMatcher(std::move(expected));
 }
 
-}  // namespace glrec
+}  // namespace glrecorder
 
 // EXPECT_LINES(expected, actual): the same comparison, expected first as in the other EXPECT_*s.
-#define EXPECT_LINES(expected, actual) EXPECT_THAT((actual), glrec::LinesEq(expected))
+#define EXPECT_LINES(expected, actual) EXPECT_THAT((actual), glrecorder::LinesEq(expected))

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace eglfixture {
+namespace headless {
 
 // Writes width x height pixels of `channels` bytes each (3: RGB, 4: RGBA), rows bottom first as
 // glReadPixels gives them, as a PNG with the top row first. Returns false and says why in *why
@@ -11,4 +11,4 @@ namespace eglfixture {
 bool writePng(const std::string& path, int width, int height, int channels,
               const unsigned char* pixels, std::string* why = nullptr);
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -20,9 +20,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using Lines = std::vector<std::string>;
 
@@ -48,7 +48,7 @@ std::size_t CompiledVertexCount(CGLObject& shape) {
   recorder().clearCalls();
   shape.DisplayListMake();
   std::size_t n = 0;
-  for (const glrec::Call& c : recorder().compiledCalls()) {
+  for (const glrecorder::Call& c : recorder().compiledCalls()) {
     n += c.name == "glVertex3d" ? 1 : 0;
   }
   return n;
@@ -80,7 +80,7 @@ TEST_F(Belt, ConstructorTakesRadiiThenEntraxe) {
 TEST_F(Belt, DefaultBeltCompilesTwoPlusElevenPlusElevenVertices) {
   CGLBelt belt;
   EXPECT_EQ(CompiledVertexCount(belt), 24u);
-  const std::vector<glrec::Call> list = recorder().listCalls(1);
+  const std::vector<glrecorder::Call> list = recorder().listCalls(1);
   ASSERT_EQ(list.size(), 2u + 24u);
   EXPECT_EQ(list.front().str(), line("glBegin", en(GL_LINE_STRIP)));
   EXPECT_EQ(list.back().str(), line("glEnd"));

@@ -8,14 +8,14 @@
 
 #include <cstddef>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::Rgba;
+using headless::Rgba;
 
 // glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a unit.
-class PathRender : public eglfixture::RealGLTest {
+class PathRender : public headless::RealGLTest {
  protected:
   Rgba at(double x, double y) const {
     return pixel(static_cast<int>((x + 2.0) * 32.0), static_cast<int>((y + 2.0) * 32.0));

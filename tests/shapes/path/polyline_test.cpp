@@ -16,9 +16,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using Lines = std::vector<std::string>;
 
@@ -51,7 +51,7 @@ TEST_F(Polyline, SelectedPolylineKeepsNormalColour) {
   poly.Select(true);
   recorder().clearCalls();
   poly.Draw();
-  const std::vector<glrec::Call> colours = recorder().callsNamed("glColor3d");
+  const std::vector<glrecorder::Call> colours = recorder().callsNamed("glColor3d");
   ASSERT_EQ(colours.size(), 1u);
   EXPECT_EQ(colours[0].str(), line("glColor3d", 1.0, 0.0, 0.0));
   EXPECT_TRUE(colours[0].inList());

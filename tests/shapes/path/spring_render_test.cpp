@@ -13,11 +13,11 @@
 #include <functional>
 #include <vector>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::Rgba;
+using headless::Rgba;
 
 struct Box {
   int left = 1 << 20;
@@ -28,10 +28,10 @@ struct Box {
 };
 
 // glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a unit.
-class SpringRender : public eglfixture::RealGLTest {
+class SpringRender : public headless::RealGLTest {
  protected:
   void SetUp() override {
-    eglfixture::RealGLTest::SetUp();
+    headless::RealGLTest::SetUp();
     glDisable(GL_LIGHTING);
   }
 

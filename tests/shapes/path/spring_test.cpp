@@ -24,9 +24,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 using Lines = std::vector<std::string>;
 
 constexpr double kPi = 3.14159265358979323846;
@@ -419,11 +419,11 @@ TEST_P(TensionTube, BodyPointsFollowTheHelixAndItsTransitions) {
   s.SetType2(ends);
   s.SetQuality(16);
   s.DisplayListMake();
-  const std::vector<glrec::Call> calls = recorder().callsNamed("glePolyCylinder");
+  const std::vector<glrecorder::Call> calls = recorder().callsNamed("glePolyCylinder");
   ASSERT_EQ(calls.size(), 1u);
   const std::vector<double> expected = OwnBody(0.1, 1.0, 5.0, 3, ends * 0.25, 16);
   ASSERT_EQ(std::get<long long>(calls[0].args[0]) * 3, static_cast<long long>(expected.size()));
-  const std::vector<double>& actual = std::get<glrec::Array<double>>(calls[0].args[1]).values;
+  const std::vector<double>& actual = std::get<glrecorder::Array<double>>(calls[0].args[1]).values;
   ASSERT_EQ(actual.size(), expected.size());
   for (std::size_t i = 0; i < actual.size(); ++i) {
     EXPECT_NEAR(actual[i], expected[i], 1e-12) << "point " << i / 3 << " coordinate " << i % 3;

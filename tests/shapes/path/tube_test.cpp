@@ -21,9 +21,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 using Lines = std::vector<std::string>;
 using Vec = std::array<double, 3>;
 
@@ -50,9 +50,9 @@ double FromLine(const Vec& x, const Vec& a, const Vec& b) {
   return std::sqrt(Dot(Sub(x, foot), Sub(x, foot)));
 }
 
-std::vector<glrec::Primitive> PrimitivesOf(GLenum mode) {
-  std::vector<glrec::Primitive> out;
-  for (const glrec::Primitive& p : recorder().primitives()) {
+std::vector<glrecorder::Primitive> PrimitivesOf(GLenum mode) {
+  std::vector<glrecorder::Primitive> out;
+  for (const glrecorder::Primitive& p : recorder().primitives()) {
     if (p.mode == mode) {
       out.push_back(p);
     }
@@ -108,9 +108,9 @@ INSTANTIATE_TEST_SUITE_P(
                                                   180.0);
                    },
                    line("gleToroid", 0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0)},
-        FilledCase{"PolyCylinder",
-                   [] { lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3); },
-                   line("glePolyCylinder", 4, glrec::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
+        FilledCase{
+            "PolyCylinder", [] { lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3); },
+            line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
     [](const ::testing::TestParamInfo<FilledCase>& info) { return info.param.name; });
 
 // ---------------------------------------------------------------- wireframe
@@ -140,7 +140,7 @@ TEST_F(Tube, WireHelicoidDrawsOneLinePerSidePerStepOnTheTube) {
 
   const std::vector<Vec> centre = OwnHelix(1.0, 0.5, 2.0, 30.0, 720.0, sides);
   const std::size_t steps = centre.size() - 3;
-  const std::vector<glrec::Primitive> lines = PrimitivesOf(GL_LINES);
+  const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
   const std::vector<Vec>& v = lines.front().vertices;
   ASSERT_EQ(v.size(), 2 * sides * steps);
@@ -163,7 +163,7 @@ TEST_F(Tube, WireToroidRingsLieOnTheTorus) {
   lumagrid::detail::TubeToroid(0.3, 1.5, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
 
   // 360 degrees at 12 sides: 16 points, 13 steps.
-  const std::vector<glrec::Primitive> lines = PrimitivesOf(GL_LINES);
+  const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
   ASSERT_EQ(lines.front().vertices.size(), 2u * 12u * 13u);
   for (const Vec& p : lines.front().vertices) {
@@ -182,7 +182,7 @@ TEST_F(Tube, WireToroidCapsAreUprightCirclesAtTheSweepsEnds) {
   gleSetJoinStyle(530);
   lumagrid::detail::SetTubeFilled(false);
   lumagrid::detail::TubeToroid(0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0);
-  const std::vector<glrec::Primitive> caps = PrimitivesOf(GL_POLYGON);
+  const std::vector<glrecorder::Primitive> caps = PrimitivesOf(GL_POLYGON);
   ASSERT_EQ(caps.size(), 2u);
   for (const Vec& p : caps[0].vertices) {
     EXPECT_NEAR(p[0], 0.0, 1e-12);  // at 90 degrees: the y-z plane, y > 0
@@ -233,7 +233,7 @@ TEST_F(Tube, WirePolyCylinderSkipsItsDirectionPoints) {
   lumagrid::detail::SetTubeFilled(false);
   lumagrid::detail::TubePolyCylinder(5, path, nullptr, 0.5);
 
-  const std::vector<glrec::Primitive> lines = PrimitivesOf(GL_LINES);
+  const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
   ASSERT_EQ(lines.front().vertices.size(), 2u * 4u * 2u);  // two steps, four sides
   for (std::size_t i = 0; i < lines.front().vertices.size(); i += 2) {
@@ -246,7 +246,7 @@ TEST_F(Tube, WirePolyCylinderSkipsItsDirectionPoints) {
     EXPECT_GE(a[2], -1e-12);
     EXPECT_LE(b[2], 2.0 + 1e-12);
   }
-  const std::vector<glrec::Primitive> caps = PrimitivesOf(GL_POLYGON);
+  const std::vector<glrecorder::Primitive> caps = PrimitivesOf(GL_POLYGON);
   ASSERT_EQ(caps.size(), 2u);
   // Counter-clockwise seen from outside: from below at z = 0, from above at z = 2.
   const auto turn = [](const std::vector<Vec>& p) {
@@ -266,7 +266,7 @@ TEST_F(Tube, WireJointsAreMitred) {
   lumagrid::detail::SetTubeFilled(false);
   lumagrid::detail::TubePolyCylinder(5, path, nullptr, 0.25);
 
-  const std::vector<glrec::Primitive> lines = PrimitivesOf(GL_LINES);
+  const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
   const std::vector<Vec>& v = lines.front().vertices;
   ASSERT_EQ(v.size(), 2u * 16u * 2u);
@@ -289,8 +289,8 @@ TEST_F(Tube, WireLinesCarryTheTubesOutwardNormal) {
   double path[4][3] = {{0, 0, -1}, {0, 0, 0}, {0, 0, 1}, {0, 0, 2}};
   lumagrid::detail::SetTubeFilled(false);
   lumagrid::detail::TubePolyCylinder(4, path, nullptr, 2.0);
-  const std::vector<glrec::Call> normals = recorder().callsNamed("glNormal3f");
-  const std::vector<glrec::Call> vertices = recorder().callsNamed("glVertex3d");
+  const std::vector<glrecorder::Call> normals = recorder().callsNamed("glNormal3f");
+  const std::vector<glrecorder::Call> vertices = recorder().callsNamed("glVertex3d");
   ASSERT_EQ(normals.size(), vertices.size());
   for (std::size_t i = 0; i < vertices.size(); ++i) {
     const double x = std::get<double>(vertices[i].args[0]);

@@ -17,17 +17,17 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using Lines = std::vector<std::string>;
 using ArrowProbe = Probe<CGLArrow>;
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const char* const q = "quad1";
-const glrec::Enum kOutside = en(GLU_OUTSIDE);
-const glrec::Enum kInside = en(GLU_INSIDE);
+const glrecorder::Enum kOutside = en(GLU_OUTSIDE);
+const glrecorder::Enum kInside = en(GLU_INSIDE);
 
 // The default arrow's derived quantities, as the arrow computes them.
 const double kS = 1.0 * 0.8;          // shaft length L * f
@@ -174,7 +174,7 @@ TEST_F(Arrow, DrawArrowLeavesTheMatrixAtTheLastHeadBase) {
   // Three heads: S + 2 * H / 2 along z.
   CGLArrow arrow(1.0, 0.2, false, 3, 0.8, 0.4);
   EXPECT_EQ(arrow.DrawArrow(), 1);
-  const glrec::Matrix m = recorder().matrix(GL_MODELVIEW);
+  const glrecorder::Matrix m = recorder().matrix(GL_MODELVIEW);
   EXPECT_DOUBLE_EQ(m[14], kS + kH * 0.5 + kH * 0.5);
   EXPECT_EQ(m[12], 0.0);
   EXPECT_EQ(m[13], 0.0);
@@ -187,7 +187,7 @@ TEST_F(Arrow, DrawKeepsTheMatrixStackBalanced) {
   arrow.Draw();
   EXPECT_EQ(recorder().stackDepth(GL_MODELVIEW), 1);
   EXPECT_EQ(recorder().matrix(GL_MODELVIEW),
-            glrec::Matrix({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}));
+            glrecorder::Matrix({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}));
   EXPECT_TRUE(recorder().errors().empty());
 }
 
@@ -322,7 +322,7 @@ TEST_F(Arrow, LiteShaftIsOneLineWithoutDisks) {
   recorder().clearCalls();
   arrow.DrawArrow();
   ASSERT_EQ(recorder().primitives().size(), 1u);
-  const glrec::Primitive& shaft = recorder().primitives().front();
+  const glrecorder::Primitive& shaft = recorder().primitives().front();
   EXPECT_EQ(shaft.mode, static_cast<GLenum>(GL_LINES));
   ASSERT_EQ(shaft.vertices.size(), 2u);
   EXPECT_EQ(shaft.vertices[1][2], static_cast<double>(static_cast<float>(2.0 * 0.8)));
@@ -370,7 +370,7 @@ TEST_F(Arrow, SetLengthDoesNotReachABuiltListUntilTheNextModification) {
   recorder().clearCalls();
   arrow.Draw();
   EXPECT_EQ(recorder().count("glNewList"), 1u);
-  const std::vector<glrec::Call> cylinders = recorder().callsNamed("gluCylinder");
+  const std::vector<glrecorder::Call> cylinders = recorder().callsNamed("gluCylinder");
   ASSERT_FALSE(cylinders.empty());
   EXPECT_EQ(cylinders.front().str(), line("gluCylinder", q, kR, kR, 2.0 * 0.8, 128, 8));
 }
@@ -418,7 +418,7 @@ TEST_P(ArrowSetter, ShowsInTheNextEmission) {
   GetParam().set(arrow);
   recorder().clearCalls();
   arrow.DrawArrow();
-  const std::vector<glrec::Call> cylinders = recorder().callsNamed("gluCylinder");
+  const std::vector<glrecorder::Call> cylinders = recorder().callsNamed("gluCylinder");
   ASSERT_GT(cylinders.size(), static_cast<std::size_t>(GetParam().gluCylinderIndex));
   EXPECT_EQ(cylinders[static_cast<std::size_t>(GetParam().gluCylinderIndex)].str(),
             GetParam().expected());
@@ -519,7 +519,7 @@ TEST_P(ArrowDegenerate, HandsTheValuesToGluUnchanged) {
     const double r = c.radius * c.fracRadius;
     const double h = (1.0 - c.fracLength) * c.length;
     arrow.Draw();
-    const std::vector<glrec::Call> cylinders = recorder().callsNamed("gluCylinder");
+    const std::vector<glrecorder::Call> cylinders = recorder().callsNamed("gluCylinder");
     const std::size_t n = cylinders.size();
     ASSERT_EQ(n, lite ? 2u : 3u);
     if (!lite) {

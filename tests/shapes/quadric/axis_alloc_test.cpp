@@ -53,7 +53,7 @@ void operator delete(void* p, std::size_t) noexcept {
 
 namespace {
 
-using glrec::recorder;
+using glrecorder::recorder;
 
 static_assert(sizeof(CGLArrow) != sizeof(CGLCube), "the two children are told apart by size");
 

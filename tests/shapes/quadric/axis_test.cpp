@@ -19,9 +19,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using lumagrid::detail::BoxFace;
 using lumagrid::detail::BoxFaces;
@@ -172,11 +172,11 @@ TEST_F(Box, HasNoImmediateModeDrawing) {
 
 TEST_F(Box, KeepsItsMarkWhenNoListCanBeHad) {
   Probe<CGLBox> box;
-  recorder().setGenLists(glrec::GenLists::ReturnZero);
+  recorder().setGenLists(glrecorder::GenLists::ReturnZero);
   EXPECT_EQ(box.DisplayListMake(), 0);
   EXPECT_TRUE(box.m_bModified);
   EXPECT_EQ(recorder().count("glBegin"), 0u);
-  recorder().setGenLists(glrec::GenLists::Normal);
+  recorder().setGenLists(glrecorder::GenLists::Normal);
   EXPECT_EQ(box.DisplayListMake(), 0);
   EXPECT_FALSE(box.m_bModified);
   EXPECT_EQ(box.DisplayListMake(), 1);
@@ -408,7 +408,7 @@ TEST_F(Axis, DrawDirectDrawsTheArrowsButNotTheCube) {
   ASSERT_FALSE(log.empty());
   EXPECT_EQ(log.front(), line("glPushMatrix"));
   // The triad's own transform (translation by 5) is not applied.
-  for (const glrec::Call& c : recorder().callsNamed("glMultMatrixd")) {
+  for (const glrecorder::Call& c : recorder().callsNamed("glMultMatrixd")) {
     EXPECT_EQ(c.str().find(", 5, 5, 5, 1]"), std::string::npos) << c.str();
   }
 }
@@ -417,7 +417,7 @@ TEST_F(Axis, LiteDrawDirectDrawsThreeLines) {
   CGLAxis axis(1.0, 0.05, true);
   axis.DrawDirect();
   std::size_t lines = 0;
-  for (const glrec::Primitive& p : recorder().primitives()) {
+  for (const glrecorder::Primitive& p : recorder().primitives()) {
     lines += p.mode == GL_LINES ? 1u : 0u;
   }
   EXPECT_EQ(lines, 3u);
@@ -436,8 +436,8 @@ TEST_F(Axis, LiteShaftsPointAlongTheirAxesWhenDrawn) {
   CGLAxis axis(2.0, 0.1, true);
   glPushMatrix();
   axis.Draw();
-  std::vector<glrec::Primitive> shafts;
-  for (const glrec::Primitive& p : recorder().primitives()) {
+  std::vector<glrecorder::Primitive> shafts;
+  for (const glrecorder::Primitive& p : recorder().primitives()) {
     if (p.mode == GL_LINES) {
       shafts.push_back(p);
     }

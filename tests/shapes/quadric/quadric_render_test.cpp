@@ -11,11 +11,11 @@
 
 #include <string>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::Rgba;
+using headless::Rgba;
 
 const double kHalfPi = 1.5707963267948966;
 const unsigned long kRed = 0x0000FFUL;
@@ -26,7 +26,7 @@ enum class Channel { Red, Green, Blue };
 
 // The view is glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a
 // unit, the origin at pixel (64, 64).
-class QuadricRender : public eglfixture::RealGLTest {
+class QuadricRender : public headless::RealGLTest {
  protected:
   Rgba at(double x, double y) const {
     return pixel(static_cast<int>((x + 2.0) * 32.0), static_cast<int>((y + 2.0) * 32.0));
@@ -42,7 +42,7 @@ class QuadricRender : public eglfixture::RealGLTest {
     if (main > 100 && other == 0) {
       return ::testing::AssertionSuccess();
     }
-    return ::testing::AssertionFailure() << eglfixture::toString(p);
+    return ::testing::AssertionFailure() << headless::toString(p);
   }
 
   static GLint modelviewDepth() {

@@ -17,9 +17,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using QuadricProbe = Probe<CGLQuadric>;
 using SphereProbe = Probe<CGLSphere>;

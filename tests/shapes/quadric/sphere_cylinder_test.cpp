@@ -19,9 +19,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using Lines = std::vector<std::string>;
 
@@ -115,7 +115,7 @@ TEST_F(ListProtocol, CurrentListMakesNothingAndReturnsOne) {
 
 TEST_F(ListProtocol, NoListKeepsTheMarkAndEmitsNoGeometry) {
   Probe<CGLSphere> sphere;
-  recorder().setGenLists(glrec::GenLists::ReturnZero);
+  recorder().setGenLists(glrecorder::GenLists::ReturnZero);
   recorder().clearCalls();
   EXPECT_EQ(sphere.DisplayListMake(), 0);
   EXPECT_TRUE(sphere.m_bModified);
@@ -124,7 +124,7 @@ TEST_F(ListProtocol, NoListKeepsTheMarkAndEmitsNoGeometry) {
   EXPECT_TRUE(GluLines(recorder().log()).empty());
 
   // The mark survived, so the next attempt builds.
-  recorder().setGenLists(glrec::GenLists::Normal);
+  recorder().setGenLists(glrecorder::GenLists::Normal);
   EXPECT_EQ(sphere.DisplayListMake(), 0);
   EXPECT_FALSE(sphere.m_bModified);
   EXPECT_EQ(recorder().count("gluSphere"), 1u);
@@ -132,7 +132,7 @@ TEST_F(ListProtocol, NoListKeepsTheMarkAndEmitsNoGeometry) {
 
 TEST_F(ListProtocol, UnknownListNameKeepsTheMark) {
   Probe<CGLCylinder> cylinder;
-  recorder().setGenLists(glrec::GenLists::ReturnUnknown);
+  recorder().setGenLists(glrecorder::GenLists::ReturnUnknown);
   EXPECT_EQ(cylinder.DisplayListMake(), 0);
   EXPECT_TRUE(cylinder.m_bModified);
   EXPECT_EQ(cylinder.m_nDisplayList, -1);
@@ -146,7 +146,8 @@ TEST_F(ListProtocol, SecondDrawReplaysTheListWithoutGlu) {
   cylinder.Draw();
   EXPECT_TRUE(GluLines(recorder().log()).empty());
   EXPECT_EQ(recorder().count("glNewList"), 0u);
-  EXPECT_LINES((Lines{line("glCallList", 1)}), glrec::lines(recorder().callsNamed("glCallList")));
+  EXPECT_LINES((Lines{line("glCallList", 1)}),
+               glrecorder::lines(recorder().callsNamed("glCallList")));
 }
 
 TEST_F(ListProtocol, DrawCompilesInsideTheShapeTransformAndColour) {
@@ -185,8 +186,8 @@ std::ostream& operator<<(std::ostream& os, const CylinderCase& c) {
 }
 
 const char* const q = "quad1";
-const glrec::Enum kOutside = en(GLU_OUTSIDE);
-const glrec::Enum kInside = en(GLU_INSIDE);
+const glrecorder::Enum kOutside = en(GLU_OUTSIDE);
+const glrecorder::Enum kInside = en(GLU_INSIDE);
 
 Lines UnitCylinderWithBothDisks() {
   return {

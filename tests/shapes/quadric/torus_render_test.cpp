@@ -9,14 +9,14 @@
 #include <cstddef>
 #include <limits>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::Rgba;
+using headless::Rgba;
 
 // glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a unit.
-class TorusRender : public eglfixture::RealGLTest {
+class TorusRender : public headless::RealGLTest {
  protected:
   void TearDown() override {
     gleSetNumSides(20);

@@ -18,9 +18,9 @@
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
+using glrecorder::en;
+using glrecorder::line;
+using glrecorder::recorder;
 
 using Lines = std::vector<std::string>;
 
@@ -84,9 +84,9 @@ TEST_F(Torus, SweepsWithTheSidesInForceAtCompile) {
   CGLTorus torus;
   torus.DisplayListMake();
   EXPECT_LINES(
-      (Lines{glrec::withGle(
+      (Lines{glrecorder::withGle(
           line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0), 530, 7)}),
-      glrec::gleLines(recorder().listCalls(1)));
+      glrecorder::gleLines(recorder().listCalls(1)));
   EXPECT_EQ(recorder().gleNumSides(), 7);  // never set by the torus
 }
 
@@ -145,7 +145,7 @@ TEST_P(TorusUnsampled, CompilesAnEmptyListAndKeepsTheJoinStyle) {
   EXPECT_EQ(recorder().count("gleToroid"), 0u);
   EXPECT_EQ(recorder().gleJoinStyle(), 530);
   // Nothing the list would draw: only GLE settings and queries, which a list does not hold.
-  for (const glrec::Call& c : recorder().listCalls(1)) {
+  for (const glrecorder::Call& c : recorder().listCalls(1)) {
     EXPECT_TRUE(c.immediate) << c.str();
   }
   EXPECT_EQ(torus.DisplayListMake(), 1);  // current, like any other list

@@ -32,13 +32,13 @@ inline std::vector<std::string> CompiledBlock(const std::vector<std::string>& lo
 
 // Builds the shape's list outside Draw and returns what the list holds.
 inline std::vector<std::string> CompiledBody(CGLObject& shape) {
-  glrec::recorder().clearCalls();
+  glrecorder::recorder().clearCalls();
   EXPECT_EQ(shape.DisplayListMake(), 0);
-  const std::vector<GLuint> names = glrec::recorder().listNames();
+  const std::vector<GLuint> names = glrecorder::recorder().listNames();
   if (names.size() != 1) {
     return {"<" + std::to_string(names.size()) + " lists>"};
   }
-  return glrec::recorder().listLog(names.front());
+  return glrecorder::recorder().listLog(names.front());
 }
 
 // Lines of the log that are calls of GLU.
@@ -55,7 +55,7 @@ inline std::vector<std::string> GluLines(const std::vector<std::string>& log) {
 // The executed calls of one entry point, list contents included.
 inline std::vector<std::string> ExecutedNamed(const std::string& name) {
   std::vector<std::string> out;
-  for (const glrec::Call& c : glrec::recorder().executedCalls()) {
+  for (const glrecorder::Call& c : glrecorder::recorder().executedCalls()) {
     if (c.name == name) {
       out.push_back(c.str());
     }

@@ -14,7 +14,7 @@
 class RecordedTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    glrec::recorder().reset();
+    glrecorder::recorder().reset();
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
     lumagrid::detail::SetTubeFilled(true);

@@ -10,7 +10,7 @@
 
 #include <lumagrid/testing/EglContext.h>
 
-namespace eglfixture {
+namespace headless {
 
 class RealGLTest : public ::testing::Test {
  protected:
@@ -52,4 +52,4 @@ class RealGLTest : public ::testing::Test {
 // Each channel within tolerance of the expected value.
 ::testing::AssertionResult colorNear(const Rgba& actual, const Rgba& expected, int tolerance);
 
-}  // namespace eglfixture
+}  // namespace headless

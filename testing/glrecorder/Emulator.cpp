@@ -3,7 +3,7 @@
 #include <cmath>
 #include <deque>
 
-namespace glrec::detail {
+namespace glrecorder::detail {
 namespace {
 
 constexpr int kMaxListNesting = 64;
@@ -607,4 +607,4 @@ Arg Emulator::quadricArg(const GLUquadric* q) const {
   return Quadric{q, quadricName(q)};
 }
 
-}  // namespace glrec::detail
+}  // namespace glrecorder::detail

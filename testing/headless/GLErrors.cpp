@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-namespace eglfixture {
+namespace headless {
 
 std::string glErrorName(unsigned int error) {
   switch (error) {
@@ -36,4 +36,4 @@ std::vector<std::string> pendingGLErrors() {
   return errors;
 }
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace glrec::detail {
+namespace glrecorder::detail {
 
 struct HostState {
   HostState() { reset(); }
@@ -41,4 +41,4 @@ struct HostState {
 std::size_t lightValues(GLenum pname);
 std::size_t lightModelValues(GLenum pname);
 
-}  // namespace glrec::detail
+}  // namespace glrecorder::detail

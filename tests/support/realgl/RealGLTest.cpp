@@ -1,4 +1,4 @@
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 #include <lumagrid/testing/GLErrors.h>
 
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace eglfixture {
+namespace headless {
 
 void RealGLTest::SetUp() {
   context_ = std::make_unique<EglContext>(framebufferWidth(), framebufferHeight());
@@ -75,4 +75,4 @@ std::string RealGLTest::saveFramebuffer(const std::string& tag) {
          << actual << " is not within " << tolerance << " of " << expected;
 }
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -15,11 +15,7 @@
 
 #include "glrecorder/Emulator.h"
 
-namespace glrec::detail {
-
-inline Emulator& E() {
-  return emulator();
-}
+namespace glrecorder::detail {
 
 template <class... A>
 std::vector<Arg> args(const A&... values) {
@@ -65,7 +61,7 @@ inline void setColor(Emulator& e, const std::optional<std::array<double, 4>>& c)
 // glGetIntegerv, glGetFloatv and glGetDoublev: one query, converted to the caller's type.
 template <class T>
 void get(const char* name, GLenum pname, T* params) {
-  const std::vector<double> values = E().query(pname);
+  const std::vector<double> values = emulator().query(pname);
   Array<double> written;
   for (std::size_t i = 0; i < values.size(); ++i) {
     double v = values[i];
@@ -78,7 +74,7 @@ void get(const char* name, GLenum pname, T* params) {
     }
     written.values.push_back(v);
   }
-  E().immediate(name, args(en(pname)), Arg(written));
+  emulator().immediate(name, args(en(pname)), Arg(written));
 }
 
-}  // namespace glrec::detail
+}  // namespace glrecorder::detail

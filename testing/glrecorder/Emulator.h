@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace glrec::detail {
+namespace glrecorder::detail {
 
 class Emulator;
 
@@ -154,4 +154,4 @@ class Emulator {
 
 Emulator& emulator();
 
-}  // namespace glrec::detail
+}  // namespace glrecorder::detail

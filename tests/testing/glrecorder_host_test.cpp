@@ -11,44 +11,33 @@
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
 
+#include "recorded/RecorderFixture.h"
+
 namespace {
 
-glrec::Recorder& rec() {
-  return glrec::recorder();
-}
+using GLRecorderHost = RecorderFixture;
 
-class GLRecorderHostTest : public ::testing::Test {
- protected:
-  void SetUp() override { rec().reset(); }
-};
-
-void expectMatrixNear(const glrec::Matrix& actual, const glrec::Matrix& expected) {
-  for (int i = 0; i < 16; ++i) {
-    EXPECT_NEAR(actual[i], expected[i], 1e-12) << "element " << i;
-  }
-}
-
-TEST_F(GLRecorderHostTest, PerspectiveIsGlusMatrix) {
+TEST_F(GLRecorderHost, PerspectiveIsGlusMatrix) {
   glMatrixMode(GL_PROJECTION);
   gluPerspective(90.0, 2.0, 1.0, 3.0);
   // cot(45 degrees) = 1: x scaled by 1 / aspect, depth mapped from [-1, -3] to [-1, 1].
   expectMatrixNear(rec().matrix(GL_PROJECTION),
                    {0.5, 0, 0, 0, 0, 1, 0, 0, 0, 0, -2, -1, 0, 0, -3, 0});
-  EXPECT_EQ(rec().log().back(), glrec::line("gluPerspective", 90.0, 2.0, 1.0, 3.0));
+  EXPECT_EQ(rec().log().back(), glrecorder::line("gluPerspective", 90.0, 2.0, 1.0, 3.0));
 }
 
-TEST_F(GLRecorderHostTest, DegeneratePerspectiveLeavesTheMatrix) {
+TEST_F(GLRecorderHost, DegeneratePerspectiveLeavesTheMatrix) {
   gluPerspective(60.0, 0.0, 1.0, 10.0);
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1});
 }
 
-TEST_F(GLRecorderHostTest, LookAtMovesTheEyeToTheOriginLookingDownMinusZ) {
+TEST_F(GLRecorderHost, LookAtMovesTheEyeToTheOriginLookingDownMinusZ) {
   gluLookAt(0.0, -5.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 1.0);
   // World +y is the view direction (-z in eye space), world +z is up (+y).
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, -5, 1});
 }
 
-TEST_F(GLRecorderHostTest, FrustumAndLoadMatrix) {
+TEST_F(GLRecorderHost, FrustumAndLoadMatrix) {
   glFrustum(-1.0, 1.0, -1.0, 1.0, 1.0, 3.0);
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -2, -1, 0, 0, -3, 0});
   glFrustum(-1.0, 1.0, -1.0, 1.0, 0.0, 3.0);
@@ -59,7 +48,7 @@ TEST_F(GLRecorderHostTest, FrustumAndLoadMatrix) {
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 1, 2, 3, 1});
 }
 
-TEST_F(GLRecorderHostTest, FramebufferStateReadsBack) {
+TEST_F(GLRecorderHost, FramebufferStateReadsBack) {
   glViewport(0, 0, 640, 480);
   glClearColor(0.25f, 2.0f, -1.0f, 1.0f);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -72,18 +61,18 @@ TEST_F(GLRecorderHostTest, FramebufferStateReadsBack) {
   EXPECT_EQ(rec().get(GL_BLEND_DST), (std::vector<double>{GL_ONE_MINUS_SRC_ALPHA}));
   EXPECT_EQ(rec().get(GL_DEPTH_WRITEMASK), (std::vector<double>{0}));
   EXPECT_EQ(rec().pendingError(), static_cast<GLenum>(GL_NO_ERROR));
-  EXPECT_LINES(
-      (std::vector<std::string>{
-          glrec::line("glViewport", 0, 0, 640, 480),
-          glrec::line("glClearColor", 0.25f, 2.0f, -1.0f, 1.0f),
-          glrec::line("glBlendFunc", glrec::en(GL_SRC_ALPHA), glrec::en(GL_ONE_MINUS_SRC_ALPHA)),
-          glrec::line("glDepthMask", 0),
-          glrec::line("glClear", GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT),
-      }),
-      rec().log());
+  EXPECT_LINES((std::vector<std::string>{
+                   glrecorder::line("glViewport", 0, 0, 640, 480),
+                   glrecorder::line("glClearColor", 0.25f, 2.0f, -1.0f, 1.0f),
+                   glrecorder::line("glBlendFunc", glrecorder::en(GL_SRC_ALPHA),
+                                    glrecorder::en(GL_ONE_MINUS_SRC_ALPHA)),
+                   glrecorder::line("glDepthMask", 0),
+                   glrecorder::line("glClear", GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT),
+               }),
+               rec().log());
 }
 
-TEST_F(GLRecorderHostTest, GetFloatvAnswersLikeGetDoublev) {
+TEST_F(GLRecorderHost, GetFloatvAnswersLikeGetDoublev) {
   glViewport(1, 2, 3, 4);
   GLfloat v[4] = {};
   glGetFloatv(GL_VIEWPORT, v);
@@ -96,7 +85,7 @@ TEST_F(GLRecorderHostTest, GetFloatvAnswersLikeGetDoublev) {
   EXPECT_EQ(rec().pendingError(), static_cast<GLenum>(GL_INVALID_ENUM));
 }
 
-TEST_F(GLRecorderHostTest, LightPositionIsKeptInEyeCoordinates) {
+TEST_F(GLRecorderHost, LightPositionIsKeptInEyeCoordinates) {
   EXPECT_EQ(rec().light(GL_LIGHT0, GL_DIFFUSE), (std::array<float, 4>{1, 1, 1, 1}));
   EXPECT_EQ(rec().light(GL_LIGHT1, GL_DIFFUSE), (std::array<float, 4>{0, 0, 0, 1}));
 
@@ -112,7 +101,7 @@ TEST_F(GLRecorderHostTest, LightPositionIsKeptInEyeCoordinates) {
   EXPECT_EQ(rec().pendingError(), static_cast<GLenum>(GL_INVALID_ENUM));
 }
 
-TEST_F(GLRecorderHostTest, HostCommandsAreCompiledIntoListsAndReplayed) {
+TEST_F(GLRecorderHost, HostCommandsAreCompiledIntoListsAndReplayed) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   glViewport(0, 0, 10, 10);
@@ -122,7 +111,7 @@ TEST_F(GLRecorderHostTest, HostCommandsAreCompiledIntoListsAndReplayed) {
   EXPECT_EQ(rec().get(GL_VIEWPORT), (std::vector<double>{0, 0, 10, 10}));
 }
 
-TEST_F(GLRecorderHostTest, FlushAndFinishAreRecordedOnly) {
+TEST_F(GLRecorderHost, FlushAndFinishAreRecordedOnly) {
   glFlush();
   glFinish();
   EXPECT_LINES((std::vector<std::string>{"glFlush()", "glFinish()"}), rec().log());

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-namespace eglfixture {
+namespace headless {
 
 bool writePng(const std::string& path, int width, int height, int channels,
               const unsigned char* pixels, std::string* why) {
@@ -26,4 +26,4 @@ bool writePng(const std::string& path, int width, int height, int channels,
   return true;
 }
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -1,6 +1,6 @@
 #include "glrecorder/HostState.h"
 
-namespace glrec::detail {
+namespace glrecorder::detail {
 namespace {
 
 std::vector<double> first(const std::array<float, 4>& v, std::size_t n) {
@@ -126,4 +126,4 @@ std::optional<std::vector<double>> HostState::value(GLenum pname) const {
   }
 }
 
-}  // namespace glrec::detail
+}  // namespace glrecorder::detail

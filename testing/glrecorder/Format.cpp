@@ -9,7 +9,7 @@
 #include <ostream>
 #include <unordered_map>
 
-namespace glrec {
+namespace glrecorder {
 namespace {
 
 template <class T>
@@ -395,4 +395,4 @@ std::string diff(const std::vector<std::string>& expected, const std::vector<std
   return out;
 }
 
-}  // namespace glrec
+}  // namespace glrecorder

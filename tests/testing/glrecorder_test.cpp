@@ -14,103 +14,95 @@
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
 
+#include "recorded/RecorderFixture.h"
+
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-glrec::Recorder& rec() {
-  return glrec::recorder();
-}
+const glrecorder::Matrix kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
-const glrec::Matrix kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
-class GLRecorderTest : public ::testing::Test {
- protected:
-  void SetUp() override { rec().reset(); }
-};
-
-void expectMatrixNear(const glrec::Matrix& actual, const glrec::Matrix& expected) {
-  for (int i = 0; i < 16; ++i) {
-    EXPECT_NEAR(actual[i], expected[i], 1e-12) << "element " << i;
-  }
-}
+using GLRecorder = RecorderFixture;
 
 // ------------------------------------------------------------------ formatting
 
 // This program links the library's objects and the double, no libGL: nothing is imported.
 TEST(GLRecorderUnrecorded, ProgramWithoutLibGLImportsNoEntryPoint) {
-  EXPECT_EQ(glrec::unrecordedEntryPoints(), std::vector<std::string>{});
+  EXPECT_EQ(glrecorder::unrecordedEntryPoints(), std::vector<std::string>{});
 }
 
 TEST(GLRecorderFormat, DoublesPrintInShortestRoundTripForm) {
-  EXPECT_EQ(glrec::format(0.2 * 0.4), "0.08000000000000002");
-  EXPECT_EQ(glrec::format(0.08), "0.08");
-  EXPECT_EQ(glrec::format(1.0), "1");
-  EXPECT_EQ(glrec::format(-0.0), "-0");
-  EXPECT_EQ(glrec::format(1e-20), "1e-20");
-  EXPECT_EQ(glrec::format(std::numeric_limits<double>::infinity()), "inf");
+  EXPECT_EQ(glrecorder::format(0.2 * 0.4), "0.08000000000000002");
+  EXPECT_EQ(glrecorder::format(0.08), "0.08");
+  EXPECT_EQ(glrecorder::format(1.0), "1");
+  EXPECT_EQ(glrecorder::format(-0.0), "-0");
+  EXPECT_EQ(glrecorder::format(1e-20), "1e-20");
+  EXPECT_EQ(glrecorder::format(std::numeric_limits<double>::infinity()), "inf");
 }
 
 TEST(GLRecorderFormat, FloatsPrintInShortestFloatForm) {
-  EXPECT_EQ(glrec::format(0.8f), "0.8");
-  EXPECT_EQ(glrec::format(static_cast<double>(0.8f)), "0.800000011920929");
+  EXPECT_EQ(glrecorder::format(0.8f), "0.8");
+  EXPECT_EQ(glrecorder::format(static_cast<double>(0.8f)), "0.800000011920929");
 }
 
 TEST(GLRecorderFormat, EnumsPrintSymbolically) {
-  EXPECT_EQ(glrec::enumName(GL_COMPILE), "GL_COMPILE");
-  EXPECT_EQ(glrec::enumName(GL_AMBIENT_AND_DIFFUSE), "GL_AMBIENT_AND_DIFFUSE");
-  EXPECT_EQ(glrec::enumName(GLU_INSIDE), "GLU_INSIDE");
-  EXPECT_EQ(glrec::enumName(GL_LINE_STRIP), "GL_LINE_STRIP");
-  EXPECT_EQ(glrec::enumName(0x1234), "0x1234");
-  EXPECT_EQ(glrec::errorName(GL_NO_ERROR), "GL_NO_ERROR");
-  EXPECT_EQ(glrec::errorName(GL_STACK_UNDERFLOW), "GL_STACK_UNDERFLOW");
+  EXPECT_EQ(glrecorder::enumName(GL_COMPILE), "GL_COMPILE");
+  EXPECT_EQ(glrecorder::enumName(GL_AMBIENT_AND_DIFFUSE), "GL_AMBIENT_AND_DIFFUSE");
+  EXPECT_EQ(glrecorder::enumName(GLU_INSIDE), "GLU_INSIDE");
+  EXPECT_EQ(glrecorder::enumName(GL_LINE_STRIP), "GL_LINE_STRIP");
+  EXPECT_EQ(glrecorder::enumName(0x1234), "0x1234");
+  EXPECT_EQ(glrecorder::errorName(GL_NO_ERROR), "GL_NO_ERROR");
+  EXPECT_EQ(glrecorder::errorName(GL_STACK_UNDERFLOW), "GL_STACK_UNDERFLOW");
 }
 
 TEST(GLRecorderFormat, PrimitiveAndPolygonModesPrintSymbolically) {
-  EXPECT_EQ(glrec::enumName(GL_LINES), "GL_LINES");
-  EXPECT_EQ(glrec::enumName(GL_LINE_STRIP), "GL_LINE_STRIP");
-  EXPECT_EQ(glrec::enumName(GL_TRIANGLE_STRIP), "GL_TRIANGLE_STRIP");
-  EXPECT_EQ(glrec::enumName(GL_QUAD_STRIP), "GL_QUAD_STRIP");
-  EXPECT_EQ(glrec::enumName(GL_POLYGON), "GL_POLYGON");
-  EXPECT_EQ(glrec::enumName(GL_POINT), "GL_POINT");
-  EXPECT_EQ(glrec::enumName(GL_LINE), "GL_LINE");
-  EXPECT_EQ(glrec::enumName(GL_FILL), "GL_FILL");
-  EXPECT_EQ(glrec::enumName(GL_POLYGON_MODE), "GL_POLYGON_MODE");
+  EXPECT_EQ(glrecorder::enumName(GL_LINES), "GL_LINES");
+  EXPECT_EQ(glrecorder::enumName(GL_LINE_STRIP), "GL_LINE_STRIP");
+  EXPECT_EQ(glrecorder::enumName(GL_TRIANGLE_STRIP), "GL_TRIANGLE_STRIP");
+  EXPECT_EQ(glrecorder::enumName(GL_QUAD_STRIP), "GL_QUAD_STRIP");
+  EXPECT_EQ(glrecorder::enumName(GL_POLYGON), "GL_POLYGON");
+  EXPECT_EQ(glrecorder::enumName(GL_POINT), "GL_POINT");
+  EXPECT_EQ(glrecorder::enumName(GL_LINE), "GL_LINE");
+  EXPECT_EQ(glrecorder::enumName(GL_FILL), "GL_FILL");
+  EXPECT_EQ(glrecorder::enumName(GL_POLYGON_MODE), "GL_POLYGON_MODE");
 }
 
 TEST(GLRecorderFormat, WithGleAppendsJoinStyleAndSides) {
-  EXPECT_EQ(glrec::withGle("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)", 530, 20),
+  EXPECT_EQ(glrecorder::withGle("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)", 530, 20),
             "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=530 sides=20]");
 }
 
 TEST(GLRecorderFormat, ArraysPrintFlatOrGrouped) {
   const double values[] = {1, 2.5, 3, 4, 5, 6};
-  EXPECT_EQ(glrec::format(glrec::doubles(values, 6)), "[1, 2.5, 3, 4, 5, 6]");
-  EXPECT_EQ(glrec::format(glrec::doubles(values, 6, 3)), "[[1, 2.5, 3], [4, 5, 6]]");
-  EXPECT_EQ(glrec::format(glrec::points3({{0, 0, 1}, {0.5, 0, 2}})), "[[0, 0, 1], [0.5, 0, 2]]");
+  EXPECT_EQ(glrecorder::format(glrecorder::doubles(values, 6)), "[1, 2.5, 3, 4, 5, 6]");
+  EXPECT_EQ(glrecorder::format(glrecorder::doubles(values, 6, 3)), "[[1, 2.5, 3], [4, 5, 6]]");
+  EXPECT_EQ(glrecorder::format(glrecorder::points3({{0, 0, 1}, {0.5, 0, 2}})),
+            "[[0, 0, 1], [0.5, 0, 2]]");
   const float colours[] = {0.5f, 0.25f, 1.0f};
-  EXPECT_EQ(glrec::format(glrec::floats(colours, 3)), "[0.5, 0.25, 1]");
+  EXPECT_EQ(glrecorder::format(glrecorder::floats(colours, 3)), "[0.5, 0.25, 1]");
 }
 
 TEST(GLRecorderFormat, LineBuildsExpectedLinesFromComputedValues) {
-  EXPECT_EQ(glrec::line("glNewList", 1, glrec::en(GL_COMPILE)), "glNewList(1, GL_COMPILE)");
-  EXPECT_EQ(glrec::line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0),
+  EXPECT_EQ(glrecorder::line("glNewList", 1, glrecorder::en(GL_COMPILE)),
+            "glNewList(1, GL_COMPILE)");
+  EXPECT_EQ(glrecorder::line("gleToroid", 0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0),
             "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)");
-  EXPECT_EQ(glrec::line("glVertex3f", 0.0f, 0.0f, static_cast<float>(1.0 * 0.8)),
+  EXPECT_EQ(glrecorder::line("glVertex3f", 0.0f, 0.0f, static_cast<float>(1.0 * 0.8)),
             "glVertex3f(0, 0, 0.8)");
-  EXPECT_EQ(glrec::line("gluDisk", "quad7", 0.0, 0.2, 128, 1), "gluDisk(quad7, 0, 0.2, 128, 1)");
-  EXPECT_EQ(glrec::line("glEnd"), "glEnd()");
+  EXPECT_EQ(glrecorder::line("gluDisk", "quad7", 0.0, 0.2, 128, 1),
+            "gluDisk(quad7, 0, 0.2, 128, 1)");
+  EXPECT_EQ(glrecorder::line("glEnd"), "glEnd()");
 }
 
 TEST(GLRecorderFormat, IntegersOfEveryWidthPrintAlike) {
-  EXPECT_EQ(glrec::line("f", 5, 5u, 5L, static_cast<GLsizei>(5), static_cast<GLuint>(5)),
+  EXPECT_EQ(glrecorder::line("f", 5, 5u, 5L, static_cast<GLsizei>(5), static_cast<GLuint>(5)),
             "f(5, 5, 5, 5, 5)");
 }
 
 // ------------------------------------------------------------------ recording
 
-TEST_F(GLRecorderTest, EveryCallIsRecordedInOrderWithItsArguments) {
+TEST_F(GLRecorder, EveryCallIsRecordedInOrderWithItsArguments) {
   glPushMatrix();
   const GLdouble m[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.5, 0, 0, 1};
   glMultMatrixd(m);
@@ -122,7 +114,7 @@ TEST_F(GLRecorderTest, EveryCallIsRecordedInOrderWithItsArguments) {
   glEnd();
   glPopMatrix();
 
-  EXPECT_THAT(rec().log(), glrec::LinesEq({
+  EXPECT_THAT(rec().log(), glrecorder::LinesEq({
                                "glPushMatrix()",
                                "glMultMatrixd([1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.5, 0, 0, 1])",
                                "glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, [0.5, 0.5, 0.5, 1])",
@@ -134,11 +126,11 @@ TEST_F(GLRecorderTest, EveryCallIsRecordedInOrderWithItsArguments) {
                            }));
 }
 
-TEST_F(GLRecorderTest, RawCallsCarryTypedArguments) {
+TEST_F(GLRecorder, RawCallsCarryTypedArguments) {
   glRotated(90.0, 0.0, 0.0, 1.0);
   glScalef(2.0f, 2.0f, 2.0f);
   ASSERT_EQ(rec().calls().size(), 2u);
-  const glrec::Call& rotate = rec().calls()[0];
+  const glrecorder::Call& rotate = rec().calls()[0];
   EXPECT_EQ(rotate.name, "glRotated");
   ASSERT_EQ(rotate.args.size(), 4u);
   EXPECT_EQ(std::get<double>(rotate.args[0]), 90.0);
@@ -147,7 +139,7 @@ TEST_F(GLRecorderTest, RawCallsCarryTypedArguments) {
   EXPECT_NE(rotate, rec().calls()[1]);
 }
 
-TEST_F(GLRecorderTest, EveryListedEntryPointIsRecordedUnderItsOwnName) {
+TEST_F(GLRecorder, EveryListedEntryPointIsRecordedUnderItsOwnName) {
   GLUquadric* q = gluNewQuadric();
   GLdouble out[16];
   GLint iout[16];
@@ -203,7 +195,7 @@ TEST_F(GLRecorderTest, EveryListedEntryPointIsRecordedUnderItsOwnName) {
   gleExtrusion(2, contour2d, nullptr, nullptr, 2, pts, nullptr);
 
   std::vector<std::string> names;
-  for (const glrec::Call& call : rec().calls()) {
+  for (const glrecorder::Call& call : rec().calls()) {
     names.push_back(call.name);
   }
   EXPECT_THAT(
@@ -221,7 +213,7 @@ TEST_F(GLRecorderTest, EveryListedEntryPointIsRecordedUnderItsOwnName) {
   EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
 }
 
-TEST_F(GLRecorderTest, ResultsAreKeptBesideTheCall) {
+TEST_F(GLRecorder, ResultsAreKeptBesideTheCall) {
   glGenLists(1);
   GLdouble depth = 0;
   glGetDoublev(GL_MODELVIEW_STACK_DEPTH, &depth);
@@ -233,18 +225,19 @@ TEST_F(GLRecorderTest, ResultsAreKeptBesideTheCall) {
   EXPECT_EQ(rec().calls()[2].strWithResult(), "glGetError() -> GL_NO_ERROR");
 }
 
-TEST_F(GLRecorderTest, CallsNamedAndCountSelectOneEntryPoint) {
+TEST_F(GLRecorder, CallsNamedAndCountSelectOneEntryPoint) {
   glPushMatrix();
   glTranslated(1, 2, 3);
   glPushMatrix();
   EXPECT_EQ(rec().count("glPushMatrix"), 2u);
   EXPECT_EQ(rec().count("glPopMatrix"), 0u);
-  EXPECT_THAT(glrec::lines(rec().callsNamed("glTranslated")), ElementsAre("glTranslated(1, 2, 3)"));
+  EXPECT_THAT(glrecorder::lines(rec().callsNamed("glTranslated")),
+              ElementsAre("glTranslated(1, 2, 3)"));
 }
 
 // ------------------------------------------------------------------ display lists
 
-TEST_F(GLRecorderTest, GenListsHandsOutSequentialNamesFromOne) {
+TEST_F(GLRecorder, GenListsHandsOutSequentialNamesFromOne) {
   EXPECT_EQ(glGenLists(1), 1u);
   EXPECT_EQ(glGenLists(1), 2u);
   EXPECT_EQ(glGenLists(3), 3u);
@@ -256,26 +249,26 @@ TEST_F(GLRecorderTest, GenListsHandsOutSequentialNamesFromOne) {
   EXPECT_FALSE(glIsList(static_cast<GLuint>(-1)));
 }
 
-TEST_F(GLRecorderTest, GenListsCanFailByReturningZero) {
-  rec().setGenLists(glrec::GenLists::ReturnZero);
+TEST_F(GLRecorder, GenListsCanFailByReturningZero) {
+  rec().setGenLists(glrecorder::GenLists::ReturnZero);
   EXPECT_EQ(glGenLists(1), 0u);
   EXPECT_FALSE(glIsList(0));
   EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
 }
 
-TEST_F(GLRecorderTest, GenListsCanReturnANameThatIsListRejects) {
-  rec().setGenLists(glrec::GenLists::ReturnUnknown);
+TEST_F(GLRecorder, GenListsCanReturnANameThatIsListRejects) {
+  rec().setGenLists(glrecorder::GenLists::ReturnUnknown);
   const GLuint name = glGenLists(1);
   EXPECT_NE(name, 0u);
   EXPECT_FALSE(glIsList(name));
 }
 
-TEST_F(GLRecorderTest, GenListsWithNegativeRangeIsInvalidValue) {
+TEST_F(GLRecorder, GenListsWithNegativeRangeIsInvalidValue) {
   EXPECT_EQ(glGenLists(-1), 0u);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_VALUE));
 }
 
-TEST_F(GLRecorderTest, DeleteListsForgetsNamesAndNeverReusesThem) {
+TEST_F(GLRecorder, DeleteListsForgetsNamesAndNeverReusesThem) {
   glGenLists(2);
   glDeleteLists(1, 1);
   EXPECT_FALSE(glIsList(1));
@@ -285,7 +278,7 @@ TEST_F(GLRecorderTest, DeleteListsForgetsNamesAndNeverReusesThem) {
   EXPECT_EQ(glGenLists(1), 3u);
 }
 
-TEST_F(GLRecorderTest, ForgetAllListsActsLikeARecreatedContext) {
+TEST_F(GLRecorder, ForgetAllListsActsLikeARecreatedContext) {
   glGenLists(3);
   rec().forgetAllLists();
   EXPECT_FALSE(glIsList(1));
@@ -293,14 +286,14 @@ TEST_F(GLRecorderTest, ForgetAllListsActsLikeARecreatedContext) {
   EXPECT_EQ(glGenLists(1), 1u);
 }
 
-TEST_F(GLRecorderTest, ForgetListDropsOneName) {
+TEST_F(GLRecorder, ForgetListDropsOneName) {
   glGenLists(2);
   rec().forgetList(2);
   EXPECT_TRUE(glIsList(1));
   EXPECT_FALSE(glIsList(2));
 }
 
-TEST_F(GLRecorderTest, CallsBetweenNewListAndEndListAreFlaggedAndStored) {
+TEST_F(GLRecorder, CallsBetweenNewListAndEndListAreFlaggedAndStored) {
   const GLuint list = glGenLists(1);
   glPushMatrix();
   glNewList(list, GL_COMPILE);
@@ -318,7 +311,7 @@ TEST_F(GLRecorderTest, CallsBetweenNewListAndEndListAreFlaggedAndStored) {
   EXPECT_FALSE(rec().calls()[2].inList());
 }
 
-TEST_F(GLRecorderTest, CompileStoresWithoutExecuting) {
+TEST_F(GLRecorder, CompileStoresWithoutExecuting) {
   glNewList(glGenLists(1), GL_COMPILE);
   glTranslated(1.0, 2.0, 3.0);
   glPushMatrix();
@@ -327,7 +320,7 @@ TEST_F(GLRecorderTest, CompileStoresWithoutExecuting) {
   EXPECT_EQ(rec().stackDepth(GL_MODELVIEW), 1);
 }
 
-TEST_F(GLRecorderTest, CompileAndExecuteStoresAndExecutes) {
+TEST_F(GLRecorder, CompileAndExecuteStoresAndExecutes) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE_AND_EXECUTE);
   glTranslated(1.0, 2.0, 3.0);
@@ -337,7 +330,7 @@ TEST_F(GLRecorderTest, CompileAndExecuteStoresAndExecutes) {
   EXPECT_THAT(rec().listLog(list), ElementsAre("glTranslated(1, 2, 3)"));
 }
 
-TEST_F(GLRecorderTest, CallListExecutesTheStoredCalls) {
+TEST_F(GLRecorder, CallListExecutesTheStoredCalls) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   glTranslated(1.0, 0.0, 0.0);
@@ -353,7 +346,7 @@ TEST_F(GLRecorderTest, CallListExecutesTheStoredCalls) {
                           "glCallList(1)", "glTranslated(1, 0, 0)", "glPushMatrix()"));
 }
 
-TEST_F(GLRecorderTest, NestedListsReplayRecursively) {
+TEST_F(GLRecorder, NestedListsReplayRecursively) {
   const GLuint inner = glGenLists(1);
   const GLuint outer = glGenLists(1);
   glNewList(inner, GL_COMPILE);
@@ -367,7 +360,7 @@ TEST_F(GLRecorderTest, NestedListsReplayRecursively) {
   EXPECT_EQ(rec().matrix(GL_MODELVIEW)[0], 4.0);
 }
 
-TEST_F(GLRecorderTest, SelfCallingListStopsAtTheNestingLimit) {
+TEST_F(GLRecorder, SelfCallingListStopsAtTheNestingLimit) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   glTranslated(1.0, 0.0, 0.0);
@@ -377,13 +370,13 @@ TEST_F(GLRecorderTest, SelfCallingListStopsAtTheNestingLimit) {
   EXPECT_EQ(rec().matrix(GL_MODELVIEW)[12], 64.0);
 }
 
-TEST_F(GLRecorderTest, CallListOfAnUnknownNameDoesNothing) {
+TEST_F(GLRecorder, CallListOfAnUnknownNameDoesNothing) {
   glCallList(9);
   EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
   EXPECT_THAT(rec().executedLog(), ElementsAre("glCallList(9)"));
 }
 
-TEST_F(GLRecorderTest, RecompilingAListReplacesItsContents) {
+TEST_F(GLRecorder, RecompilingAListReplacesItsContents) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   glTranslated(1.0, 0.0, 0.0);
@@ -394,14 +387,14 @@ TEST_F(GLRecorderTest, RecompilingAListReplacesItsContents) {
   EXPECT_THAT(rec().listLog(list), ElementsAre("glScalef(3, 3, 3)"));
 }
 
-TEST_F(GLRecorderTest, NewListOnAnUngeneratedNameCreatesIt) {
+TEST_F(GLRecorder, NewListOnAnUngeneratedNameCreatesIt) {
   glNewList(5, GL_COMPILE);
   glEndList();
   EXPECT_TRUE(glIsList(5));
   EXPECT_EQ(glGenLists(1), 6u);
 }
 
-TEST_F(GLRecorderTest, ClientSideCallsInAListTakeEffectAtCompileTimeOnly) {
+TEST_F(GLRecorder, ClientSideCallsInAListTakeEffectAtCompileTimeOnly) {
   GLUquadric* q = gluNewQuadric();
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
@@ -427,7 +420,7 @@ TEST_F(GLRecorderTest, ClientSideCallsInAListTakeEffectAtCompileTimeOnly) {
   EXPECT_THAT(rec().executedLog(), ElementsAre("glCallList(1)", "gluDisk(quad1, 0, 1, 8, 1)"));
 }
 
-TEST_F(GLRecorderTest, QueriesInsideAListAreAnsweredAtOnce) {
+TEST_F(GLRecorder, QueriesInsideAListAreAnsweredAtOnce) {
   glNewList(glGenLists(1), GL_COMPILE);
   GLint index = 0;
   glGetIntegerv(GL_LIST_INDEX, &index);
@@ -436,19 +429,19 @@ TEST_F(GLRecorderTest, QueriesInsideAListAreAnsweredAtOnce) {
   EXPECT_EQ(rec().compilingList(), 0u);
 }
 
-TEST_F(GLRecorderTest, NewListInsideNewListIsInvalidOperation) {
+TEST_F(GLRecorder, NewListInsideNewListIsInvalidOperation) {
   glNewList(glGenLists(1), GL_COMPILE);
   glNewList(glGenLists(1), GL_COMPILE);
   EXPECT_EQ(rec().pendingError(), static_cast<GLenum>(GL_INVALID_OPERATION));
   EXPECT_EQ(rec().compilingList(), 1u);
 }
 
-TEST_F(GLRecorderTest, EndListWithoutNewListIsInvalidOperation) {
+TEST_F(GLRecorder, EndListWithoutNewListIsInvalidOperation) {
   glEndList();
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_OPERATION));
 }
 
-TEST_F(GLRecorderTest, NewListZeroIsInvalidValueAndBadModeInvalidEnum) {
+TEST_F(GLRecorder, NewListZeroIsInvalidValueAndBadModeInvalidEnum) {
   glNewList(0, GL_COMPILE);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_VALUE));
   glNewList(1, GL_LINES);
@@ -458,7 +451,7 @@ TEST_F(GLRecorderTest, NewListZeroIsInvalidValueAndBadModeInvalidEnum) {
 
 // ------------------------------------------------------------------ matrices
 
-TEST_F(GLRecorderTest, FreshStateIsIdentityAtDepthOneInModelviewMode) {
+TEST_F(GLRecorder, FreshStateIsIdentityAtDepthOneInModelviewMode) {
   EXPECT_EQ(rec().matrixMode(), static_cast<GLenum>(GL_MODELVIEW));
   EXPECT_EQ(rec().matrix(GL_MODELVIEW), kIdentity);
   EXPECT_EQ(rec().matrix(GL_PROJECTION), kIdentity);
@@ -469,7 +462,7 @@ TEST_F(GLRecorderTest, FreshStateIsIdentityAtDepthOneInModelviewMode) {
   EXPECT_EQ(mode, GL_MODELVIEW);
 }
 
-TEST_F(GLRecorderTest, TranslateRotateAndScaleMultiplyOnTheRight) {
+TEST_F(GLRecorder, TranslateRotateAndScaleMultiplyOnTheRight) {
   glTranslated(1.0, 2.0, 3.0);
   glRotated(90.0, 0.0, 0.0, 1.0);
   glScalef(2.0f, 3.0f, 4.0f);
@@ -477,29 +470,29 @@ TEST_F(GLRecorderTest, TranslateRotateAndScaleMultiplyOnTheRight) {
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {0, 2, 0, 0, -3, 0, 0, 0, 0, 0, 4, 0, 1, 2, 3, 1});
 }
 
-TEST_F(GLRecorderTest, RotateAboutAnArbitraryAxisFollowsTheGlFormula) {
+TEST_F(GLRecorder, RotateAboutAnArbitraryAxisFollowsTheGlFormula) {
   glRotatef(120.0f, 1.0f, 1.0f, 1.0f);
   // A third of a turn about (1, 1, 1) maps x to y, y to z and z to x.
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 0, 1});
 }
 
-TEST_F(GLRecorderTest, RotateAboutANullAxisLeavesTheMatrix) {
+TEST_F(GLRecorder, RotateAboutANullAxisLeavesTheMatrix) {
   glTranslated(1.0, 0.0, 0.0);
   glRotated(45.0, 0.0, 0.0, 0.0);
   expectMatrixNear(rec().matrix(GL_MODELVIEW), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 1});
 }
 
-TEST_F(GLRecorderTest, MultMatrixPostMultipliesTheCurrentMatrix) {
+TEST_F(GLRecorder, MultMatrixPostMultipliesTheCurrentMatrix) {
   const GLdouble translate[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 0, 0, 1};
   const GLdouble scale[16] = {2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1};
   glMultMatrixd(translate);
   glMultMatrixd(scale);
   // T * S: the scale does not touch the translation.
   EXPECT_EQ(rec().matrix(GL_MODELVIEW),
-            (glrec::Matrix{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 5, 0, 0, 1}));
+            (glrecorder::Matrix{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 5, 0, 0, 1}));
 }
 
-TEST_F(GLRecorderTest, OrthoBuildsTheGlOrthoMatrix) {
+TEST_F(GLRecorder, OrthoBuildsTheGlOrthoMatrix) {
   glMatrixMode(GL_PROJECTION);
   glOrtho(-1.0, 1.0, -1.0, 1.0, 1.0, 100.0);
   GLdouble m[16];
@@ -512,13 +505,13 @@ TEST_F(GLRecorderTest, OrthoBuildsTheGlOrthoMatrix) {
   EXPECT_EQ(rec().matrix(GL_MODELVIEW), kIdentity);
 }
 
-TEST_F(GLRecorderTest, OrthoWithEqualPlanesIsInvalidValue) {
+TEST_F(GLRecorder, OrthoWithEqualPlanesIsInvalidValue) {
   glOrtho(0.0, 1.0, 0.0, 1.0, 2.0, 2.0);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_VALUE));
   EXPECT_EQ(rec().matrix(GL_MODELVIEW), kIdentity);
 }
 
-TEST_F(GLRecorderTest, MatrixModeSelectsTheStackThatLoadIdentityResets) {
+TEST_F(GLRecorder, MatrixModeSelectsTheStackThatLoadIdentityResets) {
   glMatrixMode(GL_PROJECTION);
   glTranslated(1.0, 0.0, 0.0);
   glMatrixMode(GL_MODELVIEW);
@@ -530,13 +523,13 @@ TEST_F(GLRecorderTest, MatrixModeSelectsTheStackThatLoadIdentityResets) {
   EXPECT_EQ(rec().matrix(GL_PROJECTION)[12], 1.0);
 }
 
-TEST_F(GLRecorderTest, UnknownMatrixModeIsInvalidEnum) {
+TEST_F(GLRecorder, UnknownMatrixModeIsInvalidEnum) {
   glMatrixMode(GL_LINES);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_ENUM));
   EXPECT_EQ(rec().matrixMode(), static_cast<GLenum>(GL_MODELVIEW));
 }
 
-TEST_F(GLRecorderTest, PushAndPopTrackTheDepthOfEachStack) {
+TEST_F(GLRecorder, PushAndPopTrackTheDepthOfEachStack) {
   glPushMatrix();
   glPushMatrix();
   glMatrixMode(GL_PROJECTION);
@@ -551,7 +544,7 @@ TEST_F(GLRecorderTest, PushAndPopTrackTheDepthOfEachStack) {
   EXPECT_EQ(rec().stackDepth(GL_MODELVIEW), 3);
 }
 
-TEST_F(GLRecorderTest, PopRestoresThePushedMatrix) {
+TEST_F(GLRecorder, PopRestoresThePushedMatrix) {
   glTranslated(1.0, 0.0, 0.0);
   glPushMatrix();
   glTranslated(5.0, 0.0, 0.0);
@@ -559,7 +552,7 @@ TEST_F(GLRecorderTest, PopRestoresThePushedMatrix) {
   EXPECT_EQ(rec().matrix(GL_MODELVIEW)[12], 1.0);
 }
 
-TEST_F(GLRecorderTest, PopAtDepthOneUnderflowsAndIsCounted) {
+TEST_F(GLRecorder, PopAtDepthOneUnderflowsAndIsCounted) {
   glTranslated(1.0, 0.0, 0.0);
   glPopMatrix();
   glPopMatrix();
@@ -572,7 +565,7 @@ TEST_F(GLRecorderTest, PopAtDepthOneUnderflowsAndIsCounted) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
-TEST_F(GLRecorderTest, PushAtTheMaximumDepthOverflowsAndIsCounted) {
+TEST_F(GLRecorder, PushAtTheMaximumDepthOverflowsAndIsCounted) {
   EXPECT_EQ(rec().maxStackDepth(GL_MODELVIEW), 32);
   rec().setMaxStackDepth(GL_MODELVIEW, 3);
   glPushMatrix();
@@ -584,7 +577,7 @@ TEST_F(GLRecorderTest, PushAtTheMaximumDepthOverflowsAndIsCounted) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_STACK_OVERFLOW));
 }
 
-TEST_F(GLRecorderTest, GetErrorKeepsTheFirstErrorUntilRead) {
+TEST_F(GLRecorder, GetErrorKeepsTheFirstErrorUntilRead) {
   glPopMatrix();
   glMatrixMode(GL_LINES);
   EXPECT_EQ(rec().pendingError(), static_cast<GLenum>(GL_STACK_UNDERFLOW));
@@ -594,7 +587,7 @@ TEST_F(GLRecorderTest, GetErrorKeepsTheFirstErrorUntilRead) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
-TEST_F(GLRecorderTest, GetDoublevReturnsTheCurrentMatrices) {
+TEST_F(GLRecorder, GetDoublevReturnsTheCurrentMatrices) {
   glTranslated(1.0, 2.0, 3.0);
   GLdouble m[16];
   glGetDoublev(GL_MODELVIEW_MATRIX, m);
@@ -605,7 +598,7 @@ TEST_F(GLRecorderTest, GetDoublevReturnsTheCurrentMatrices) {
   EXPECT_EQ(m[12], 0.0);
 }
 
-TEST_F(GLRecorderTest, GetIntegervRoundsMatrixElements) {
+TEST_F(GLRecorder, GetIntegervRoundsMatrixElements) {
   glScalef(2.6f, -1.4f, std::numeric_limits<float>::quiet_NaN());
   GLint m[16];
   glGetIntegerv(GL_MODELVIEW_MATRIX, m);
@@ -615,14 +608,14 @@ TEST_F(GLRecorderTest, GetIntegervRoundsMatrixElements) {
   EXPECT_EQ(m[15], 1);
 }
 
-TEST_F(GLRecorderTest, GetOfAnUnknownNameIsInvalidEnumAndWritesNothing) {
+TEST_F(GLRecorder, GetOfAnUnknownNameIsInvalidEnumAndWritesNothing) {
   GLint value = 42;
   glGetIntegerv(GL_LIGHTING, &value);
   EXPECT_EQ(value, 42);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_ENUM));
 }
 
-TEST_F(GLRecorderTest, MatrixCallsBetweenBeginAndEndAreInvalidOperation) {
+TEST_F(GLRecorder, MatrixCallsBetweenBeginAndEndAreInvalidOperation) {
   glBegin(GL_LINES);
   glPushMatrix();
   glEnd();
@@ -630,14 +623,14 @@ TEST_F(GLRecorderTest, MatrixCallsBetweenBeginAndEndAreInvalidOperation) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_OPERATION));
 }
 
-TEST_F(GLRecorderTest, EndWithoutBeginIsInvalidOperation) {
+TEST_F(GLRecorder, EndWithoutBeginIsInvalidOperation) {
   glEnd();
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_OPERATION));
 }
 
 // ------------------------------------------------------------------ other state
 
-TEST_F(GLRecorderTest, MaterialAmbientAndDiffuseSetsBoth) {
+TEST_F(GLRecorder, MaterialAmbientAndDiffuseSetsBoth) {
   const GLfloat colour[] = {0.1f, 0.2f, 0.3f, 0.4f};
   glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, colour);
   const std::array<float, 4> expected{0.1f, 0.2f, 0.3f, 0.4f};
@@ -646,7 +639,7 @@ TEST_F(GLRecorderTest, MaterialAmbientAndDiffuseSetsBoth) {
   EXPECT_EQ(rec().material(GL_BACK, GL_DIFFUSE), (std::array<float, 4>{0.8f, 0.8f, 0.8f, 1.0f}));
 }
 
-TEST_F(GLRecorderTest, CurrentColourNormalLineWidthAndCapsAreTracked) {
+TEST_F(GLRecorder, CurrentColourNormalLineWidthAndCapsAreTracked) {
   glColor3d(0.25, 0.5, 0.75);
   glNormal3f(0.0f, 1.0f, 0.0f);
   glLineWidth(3.0f);
@@ -661,20 +654,20 @@ TEST_F(GLRecorderTest, CurrentColourNormalLineWidthAndCapsAreTracked) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_VALUE));
 }
 
-TEST_F(GLRecorderTest, PrimitivesKeepObjectAndEyeCoordinates) {
+TEST_F(GLRecorder, PrimitivesKeepObjectAndEyeCoordinates) {
   glTranslated(0.0, 0.0, 5.0);
   glBegin(GL_LINE_STRIP);
   glVertex3d(1.0, 0.0, 0.0);
   glVertex3f(0.0f, 2.0f, 0.0f);
   glEnd();
   ASSERT_EQ(rec().primitives().size(), 1u);
-  const glrec::Primitive& p = rec().primitives()[0];
+  const glrecorder::Primitive& p = rec().primitives()[0];
   EXPECT_EQ(p.mode, static_cast<GLenum>(GL_LINE_STRIP));
   EXPECT_EQ(p.vertices, (std::vector<std::array<double, 3>>{{1, 0, 0}, {0, 2, 0}}));
   EXPECT_EQ(p.eyeVertices, (std::vector<std::array<double, 3>>{{1, 0, 5}, {0, 2, 5}}));
 }
 
-TEST_F(GLRecorderTest, VectorAndTwoDimensionalFormsAreRecordedUnderTheirOwnNames) {
+TEST_F(GLRecorder, VectorAndTwoDimensionalFormsAreRecordedUnderTheirOwnNames) {
   const GLdouble d3[3] = {1, 2, 3};
   const GLfloat f3[3] = {0.5f, 0.25f, 2};
   const GLdouble d4[4] = {0.1, 0.2, 0.3, 0.4};
@@ -712,7 +705,7 @@ TEST_F(GLRecorderTest, VectorAndTwoDimensionalFormsAreRecordedUnderTheirOwnNames
   EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
 }
 
-TEST_F(GLRecorderTest, VectorFormsSetTheCurrentValuesAndVertices) {
+TEST_F(GLRecorder, VectorFormsSetTheCurrentValuesAndVertices) {
   const GLdouble normal[3] = {0.0, 0.1, 1.0};
   const GLdouble colour[4] = {0.25, 0.5, 0.75, 0.125};
   const GLdouble vertex[3] = {1.0, 2.0, 3.0};
@@ -734,7 +727,7 @@ TEST_F(GLRecorderTest, VectorFormsSetTheCurrentValuesAndVertices) {
   glVertex2f(9.0f, 10.0f);
   glEnd();
   ASSERT_EQ(rec().primitives().size(), 1u);
-  const glrec::Primitive& p = rec().primitives()[0];
+  const glrecorder::Primitive& p = rec().primitives()[0];
   EXPECT_EQ(p.mode, static_cast<GLenum>(GL_QUAD_STRIP));
   EXPECT_EQ(p.vertices,
             (std::vector<std::array<double, 3>>{{1, 2, 3}, {4, 5, 6}, {7, 8, 0}, {9, 10, 0}}));
@@ -742,7 +735,7 @@ TEST_F(GLRecorderTest, VectorFormsSetTheCurrentValuesAndVertices) {
             (std::vector<std::array<double, 3>>{{1, 2, 13}, {4, 5, 16}, {7, 8, 10}, {9, 10, 10}}));
 }
 
-TEST_F(GLRecorderTest, NullVectorsPrintAsNullAndChangeNothing) {
+TEST_F(GLRecorder, NullVectorsPrintAsNullAndChangeNothing) {
   glNormal3dv(nullptr);
   glColor4dv(nullptr);
   glBegin(GL_POLYGON);
@@ -756,7 +749,7 @@ TEST_F(GLRecorderTest, NullVectorsPrintAsNullAndChangeNothing) {
   EXPECT_THAT(rec().primitives()[0].vertices, IsEmpty());
 }
 
-TEST_F(GLRecorderTest, PolygonModeIsTrackedPerFaceAndQueried) {
+TEST_F(GLRecorder, PolygonModeIsTrackedPerFaceAndQueried) {
   EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_FILL));
   EXPECT_EQ(rec().polygonMode(GL_BACK), static_cast<GLenum>(GL_FILL));
   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
@@ -770,7 +763,7 @@ TEST_F(GLRecorderTest, PolygonModeIsTrackedPerFaceAndQueried) {
   EXPECT_EQ(rec().pendingError(), GL_NO_ERROR);
 }
 
-TEST_F(GLRecorderTest, PolygonModeRejectsUnknownValuesAndCallsInsideBegin) {
+TEST_F(GLRecorder, PolygonModeRejectsUnknownValuesAndCallsInsideBegin) {
   glPolygonMode(GL_FRONT, GLU_LINE);  // GLU's enum, not GL's
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_ENUM));
   glBegin(GL_LINES);
@@ -780,7 +773,7 @@ TEST_F(GLRecorderTest, PolygonModeRejectsUnknownValuesAndCallsInsideBegin) {
   EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_FILL));
 }
 
-TEST_F(GLRecorderTest, PolygonModeInAListTakesEffectWhenCalled) {
+TEST_F(GLRecorder, PolygonModeInAListTakesEffectWhenCalled) {
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
   glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
@@ -790,7 +783,7 @@ TEST_F(GLRecorderTest, PolygonModeInAListTakesEffectWhenCalled) {
   EXPECT_EQ(rec().polygonMode(GL_FRONT), static_cast<GLenum>(GL_LINE));
 }
 
-TEST_F(GLRecorderTest, IsEnabledAnswersAtOnceEvenInAList) {
+TEST_F(GLRecorder, IsEnabledAnswersAtOnceEvenInAList) {
   glEnable(GL_LIGHTING);
   const GLuint list = glGenLists(1);
   glNewList(list, GL_COMPILE);
@@ -806,7 +799,7 @@ TEST_F(GLRecorderTest, IsEnabledAnswersAtOnceEvenInAList) {
   EXPECT_TRUE(rec().listCalls(list)[1].immediate);
 }
 
-TEST_F(GLRecorderTest, IsEnabledInsideBeginIsInvalidOperationAndFalse) {
+TEST_F(GLRecorder, IsEnabledInsideBeginIsInvalidOperationAndFalse) {
   glEnable(GL_LIGHTING);
   glBegin(GL_LINE_STRIP);
   EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_FALSE);
@@ -816,7 +809,7 @@ TEST_F(GLRecorderTest, IsEnabledInsideBeginIsInvalidOperationAndFalse) {
 
 // ------------------------------------------------------------------ quadrics
 
-TEST_F(GLRecorderTest, QuadricsGetDistinctHandlesWithReadableNames) {
+TEST_F(GLRecorder, QuadricsGetDistinctHandlesWithReadableNames) {
   GLUquadric* first = gluNewQuadric();
   GLUquadric* second = gluNewQuadric();
   ASSERT_NE(first, nullptr);
@@ -827,12 +820,12 @@ TEST_F(GLRecorderTest, QuadricsGetDistinctHandlesWithReadableNames) {
   EXPECT_EQ(rec().log().back(),
             "gluCylinder(quad2, 0.08000000000000002, 0.08000000000000002, 0.8, 128, 8)");
   EXPECT_EQ(rec().log().back(),
-            glrec::line("gluCylinder", second, 0.2 * 0.4, 0.2 * 0.4, 0.8, 128, 8));
+            glrecorder::line("gluCylinder", second, 0.2 * 0.4, 0.2 * 0.4, 0.8, 128, 8));
   EXPECT_EQ(rec().calls()[0].strWithResult(), "gluNewQuadric() -> quad1");
   EXPECT_EQ(rec().quadricsCreated(), 2);
 }
 
-TEST_F(GLRecorderTest, QuadricStateStartsAtGluDefaults) {
+TEST_F(GLRecorder, QuadricStateStartsAtGluDefaults) {
   GLUquadric* q = gluNewQuadric();
   EXPECT_EQ(rec().quadricOrientation(q), static_cast<GLenum>(GLU_OUTSIDE));
   EXPECT_EQ(rec().quadricDrawStyle(q), static_cast<GLenum>(GLU_FILL));
@@ -845,7 +838,7 @@ TEST_F(GLRecorderTest, QuadricStateStartsAtGluDefaults) {
   EXPECT_EQ(rec().quadricNormals(q), static_cast<GLenum>(GLU_FLAT));
 }
 
-TEST_F(GLRecorderTest, DeletingAQuadricTwiceIsRecordedAndCounted) {
+TEST_F(GLRecorder, DeletingAQuadricTwiceIsRecordedAndCounted) {
   GLUquadric* q = gluNewQuadric();
   EXPECT_EQ(rec().liveQuadrics(), 1);
   gluDeleteQuadric(q);
@@ -857,13 +850,13 @@ TEST_F(GLRecorderTest, DeletingAQuadricTwiceIsRecordedAndCounted) {
               ElementsAre("gluNewQuadric()", "gluDeleteQuadric(quad1)", "gluDeleteQuadric(quad1)"));
 }
 
-TEST_F(GLRecorderTest, DeletingNullIsHarmless) {
+TEST_F(GLRecorder, DeletingNullIsHarmless) {
   gluDeleteQuadric(nullptr);
   EXPECT_EQ(rec().doubleDeletes(), 0);
   EXPECT_THAT(rec().log(), ElementsAre("gluDeleteQuadric(NULL)"));
 }
 
-TEST_F(GLRecorderTest, UsingADeletedQuadricIsCounted) {
+TEST_F(GLRecorder, UsingADeletedQuadricIsCounted) {
   GLUquadric* q = gluNewQuadric();
   gluDeleteQuadric(q);
   gluSphere(q, 1.0, 8, 8);
@@ -871,7 +864,7 @@ TEST_F(GLRecorderTest, UsingADeletedQuadricIsCounted) {
   EXPECT_EQ(rec().deadQuadricUses(), 2);
 }
 
-TEST_F(GLRecorderTest, QuadricsFromBeforeAResetPrintAsOld) {
+TEST_F(GLRecorder, QuadricsFromBeforeAResetPrintAsOld) {
   GLUquadric* old = gluNewQuadric();
   rec().reset();
   GLUquadric* fresh = gluNewQuadric();
@@ -882,7 +875,7 @@ TEST_F(GLRecorderTest, QuadricsFromBeforeAResetPrintAsOld) {
   EXPECT_EQ(rec().quadricName(reinterpret_cast<GLUquadric*>(&notAQuadric)), "quad?");
 }
 
-TEST_F(GLRecorderTest, NewQuadricCanFail) {
+TEST_F(GLRecorder, NewQuadricCanFail) {
   rec().setNewQuadricFails(true);
   EXPECT_EQ(gluNewQuadric(), nullptr);
   EXPECT_EQ(rec().calls()[0].strWithResult(), "gluNewQuadric() -> NULL");
@@ -890,12 +883,12 @@ TEST_F(GLRecorderTest, NewQuadricCanFail) {
 
 // ------------------------------------------------------------------ GLE
 
-TEST_F(GLRecorderTest, GleStartsWithItsDocumentedDefaults) {
+TEST_F(GLRecorder, GleStartsWithItsDocumentedDefaults) {
   EXPECT_EQ(gleGetJoinStyle(), TUBE_NORM_FACET | TUBE_JN_CAP | TUBE_JN_ANGLE);
   EXPECT_EQ(gleGetNumSides(), 20);
 }
 
-TEST_F(GLRecorderTest, GleSettingsReadBackWhatWasSet) {
+TEST_F(GLRecorder, GleSettingsReadBackWhatWasSet) {
   gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
   gleSetNumSides(12);
   EXPECT_EQ(gleGetJoinStyle(), 530);
@@ -905,12 +898,12 @@ TEST_F(GLRecorderTest, GleSettingsReadBackWhatWasSet) {
                                        "gleGetJoinStyle()", "gleGetNumSides()"));
 }
 
-TEST_F(GLRecorderTest, NegativeGleSideCountReadsBackAsZero) {
+TEST_F(GLRecorder, NegativeGleSideCountReadsBackAsZero) {
   gleSetNumSides(-5);
   EXPECT_EQ(gleGetNumSides(), 0);
 }
 
-TEST_F(GLRecorderTest, GleSweepsRecordTheirArrays) {
+TEST_F(GLRecorder, GleSweepsRecordTheirArrays) {
   gleDouble points[3][3] = {{0, 0, -1}, {0, 0, 0}, {0, 0.5, 1}};
   gleColor colours[3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
   glePolyCylinder(3, points, colours, 0.1);
@@ -922,21 +915,21 @@ TEST_F(GLRecorderTest, GleSweepsRecordTheirArrays) {
                           "gleHelicoid(0.1, 1, 0, 0, 2, [[1, 0, 0], [0, 1, 0]], NULL, 0, 720)"));
 }
 
-TEST_F(GLRecorderTest, GleSweepsCarryTheSettingsInForceWhenIssued) {
+TEST_F(GLRecorder, GleSweepsCarryTheSettingsInForceWhenIssued) {
   gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
   gleSetNumSides(12);
   gleToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-  const glrec::Call& sweep = rec().calls().back();
+  const glrecorder::Call& sweep = rec().calls().back();
   ASSERT_TRUE(sweep.gle.has_value());
   EXPECT_EQ(sweep.gle->joinStyle, 530);
   EXPECT_EQ(sweep.gle->numSides, 12);
   // The log line itself is unchanged; the settings are asked for separately.
   EXPECT_EQ(sweep.str(), "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360)");
-  EXPECT_EQ(glrec::withGleSettings(sweep),
+  EXPECT_EQ(glrecorder::withGleSettings(sweep),
             "gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=530 sides=12]");
 }
 
-TEST_F(GLRecorderTest, EveryGleSweepCarriesItsSettings) {
+TEST_F(GLRecorder, EveryGleSweepCarriesItsSettings) {
   gleDouble pts[2][3] = {{0, 0, 0}, {0, 0, 1}};
   gleDouble contour2d[2][2] = {{0, 0}, {1, 0}};
   gleSetNumSides(7);
@@ -946,7 +939,7 @@ TEST_F(GLRecorderTest, EveryGleSweepCarriesItsSettings) {
   gleSpiral(2, contour2d, nullptr, nullptr, 1, 0, 0, 1, nullptr, nullptr, 0, 360);
   gleExtrusion(2, contour2d, nullptr, nullptr, 2, pts, nullptr);
   EXPECT_THAT(
-      glrec::gleLines(rec().calls()),
+      glrecorder::gleLines(rec().calls()),
       ElementsAre("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=274 sides=7]",
                   "gleHelicoid(0.1, 1, 0, 0, 1, NULL, NULL, 0, 360) [join=274 sides=7]",
                   "glePolyCylinder(2, [[0, 0, 0], [0, 0, 1]], NULL, 0.1) "
@@ -957,19 +950,19 @@ TEST_F(GLRecorderTest, EveryGleSweepCarriesItsSettings) {
                   "NULL) [join=274 sides=7]"));
 }
 
-TEST_F(GLRecorderTest, CallsOtherThanGleSweepsCarryNoGleSettings) {
+TEST_F(GLRecorder, CallsOtherThanGleSweepsCarryNoGleSettings) {
   gleSetJoinStyle(TUBE_JN_ANGLE);
   gleGetNumSides();
   glBegin(GL_LINES);
   glEnd();
-  for (const glrec::Call& call : rec().calls()) {
+  for (const glrecorder::Call& call : rec().calls()) {
     EXPECT_FALSE(call.gle.has_value()) << call;
-    EXPECT_EQ(glrec::withGleSettings(call), call.str());
+    EXPECT_EQ(glrecorder::withGleSettings(call), call.str());
   }
-  EXPECT_THAT(glrec::gleLines(rec().calls()), IsEmpty());
+  EXPECT_THAT(glrecorder::gleLines(rec().calls()), IsEmpty());
 }
 
-TEST_F(GLRecorderTest, ALaterListInheritsTheGleSettingsAnEarlierOneSet) {
+TEST_F(GLRecorder, ALaterListInheritsTheGleSettingsAnEarlierOneSet) {
   const GLuint first = glGenLists(2);
   const GLuint second = first + 1;
   glNewList(first, GL_COMPILE);
@@ -981,11 +974,12 @@ TEST_F(GLRecorderTest, ALaterListInheritsTheGleSettingsAnEarlierOneSet) {
   gleToroid(0.2, 1, 0, 0, 0, nullptr, nullptr, 0, 360);
   glEndList();
   const std::string sweep =
-      glrec::line("gleToroid", 0.2, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-  EXPECT_LINES({glrec::withGle(sweep, 530, 32)}, glrec::gleLines(rec().listCalls(second)));
+      glrecorder::line("gleToroid", 0.2, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  EXPECT_LINES({glrecorder::withGle(sweep, 530, 32)},
+               glrecorder::gleLines(rec().listCalls(second)));
 }
 
-TEST_F(GLRecorderTest, ReplayedSweepsKeepTheSettingsOfTheirCompile) {
+TEST_F(GLRecorder, ReplayedSweepsKeepTheSettingsOfTheirCompile) {
   const GLuint list = glGenLists(1);
   gleSetNumSides(9);
   glNewList(list, GL_COMPILE);
@@ -994,13 +988,13 @@ TEST_F(GLRecorderTest, ReplayedSweepsKeepTheSettingsOfTheirCompile) {
   gleSetNumSides(40);
   rec().clearCalls();
   glCallList(list);
-  EXPECT_THAT(glrec::gleLines(rec().executedCalls()),
+  EXPECT_THAT(glrecorder::gleLines(rec().executedCalls()),
               ElementsAre("gleToroid(0.1, 1, 0, 0, 0, NULL, NULL, 0, 360) [join=274 sides=9]"));
 }
 
 // ------------------------------------------------------------------ reset and diff
 
-TEST_F(GLRecorderTest, ResetRestoresAFreshContext) {
+TEST_F(GLRecorder, ResetRestoresAFreshContext) {
   glNewList(glGenLists(1), GL_COMPILE);
   glMatrixMode(GL_PROJECTION);
   glPushMatrix();
@@ -1008,7 +1002,7 @@ TEST_F(GLRecorderTest, ResetRestoresAFreshContext) {
   glPopMatrix();
   gleSetNumSides(3);
   gluNewQuadric();
-  rec().setGenLists(glrec::GenLists::ReturnZero);
+  rec().setGenLists(glrecorder::GenLists::ReturnZero);
   rec().reset();
   EXPECT_THAT(rec().calls(), IsEmpty());
   EXPECT_EQ(rec().compilingList(), 0u);
@@ -1019,7 +1013,7 @@ TEST_F(GLRecorderTest, ResetRestoresAFreshContext) {
   EXPECT_EQ(glGenLists(1), 1u);
 }
 
-TEST_F(GLRecorderTest, ClearCallsKeepsTheState) {
+TEST_F(GLRecorder, ClearCallsKeepsTheState) {
   glGenLists(1);
   glTranslated(1.0, 0.0, 0.0);
   rec().clearCalls();
@@ -1029,13 +1023,13 @@ TEST_F(GLRecorderTest, ClearCallsKeepsTheState) {
 }
 
 TEST(GLRecorderDiff, EqualLinesHaveAnEmptyDiff) {
-  EXPECT_EQ(glrec::diff({"a", "b"}, {"a", "b"}), "");
+  EXPECT_EQ(glrecorder::diff({"a", "b"}, {"a", "b"}), "");
 }
 
 TEST(GLRecorderDiff, ChangedLinesShowWithContext) {
   const std::vector<std::string> expected{"1", "2", "3", "4", "5", "6", "7", "8", "9"};
   const std::vector<std::string> actual{"1", "2", "3", "4", "5", "six", "7", "8", "9", "10"};
-  EXPECT_EQ(glrec::diff(expected, actual),
+  EXPECT_EQ(glrecorder::diff(expected, actual),
             "--- expected\n"
             "+++ actual\n"
             "@@ expected line 3, actual line 3 @@\n"
@@ -1051,7 +1045,7 @@ TEST(GLRecorderDiff, ChangedLinesShowWithContext) {
 }
 
 TEST(GLRecorderDiff, LinesEqExplainsAMismatchWithTheDiff) {
-  const auto matcher = glrec::LinesEq({"glPushMatrix()", "glPopMatrix()"});
+  const auto matcher = glrecorder::LinesEq({"glPushMatrix()", "glPopMatrix()"});
   ::testing::StringMatchResultListener listener;
   EXPECT_FALSE(::testing::ExplainMatchResult(
       matcher, std::vector<std::string>{"glPushMatrix()", "glPushMatrix()"}, &listener));

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace glrec {
+namespace glrecorder {
 
 namespace {
 
@@ -85,4 +85,4 @@ std::vector<std::string> unrecordedEntryPoints() {
   return names;
 }
 
-}  // namespace glrec
+}  // namespace glrecorder

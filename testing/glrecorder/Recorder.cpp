@@ -4,10 +4,10 @@
 
 #include <ostream>
 
-namespace glrec {
+namespace glrecorder {
 namespace {
 
-detail::Emulator& E() {
+detail::Emulator& emulator() {
   return detail::emulator();
 }
 
@@ -23,7 +23,7 @@ std::vector<Call> select(const std::vector<Call>& calls, bool inList) {
 
 const detail::MatrixStack& stackOf(GLenum mode) {
   static const detail::MatrixStack none{};
-  const detail::MatrixStack* s = E().stack(mode);
+  const detail::MatrixStack* s = emulator().stack(mode);
   return s != nullptr ? *s : none;
 }
 
@@ -35,26 +35,26 @@ Recorder& recorder() {
 }
 
 void Recorder::reset() {
-  E().reset();
+  emulator().reset();
 }
 
 void Recorder::clearCalls() {
-  E().calls.clear();
-  E().executed.clear();
-  E().primitives.clear();
+  emulator().calls.clear();
+  emulator().executed.clear();
+  emulator().primitives.clear();
 }
 
 const std::vector<Call>& Recorder::calls() const {
-  return E().calls;
+  return emulator().calls;
 }
 std::vector<std::string> Recorder::log() const {
-  return lines(E().calls);
+  return lines(emulator().calls);
 }
 std::vector<Call> Recorder::compiledCalls() const {
-  return select(E().calls, true);
+  return select(emulator().calls, true);
 }
 std::vector<Call> Recorder::directCalls() const {
-  return select(E().calls, false);
+  return select(emulator().calls, false);
 }
 std::vector<std::string> Recorder::compiledLog() const {
   return lines(compiledCalls());
@@ -65,7 +65,7 @@ std::vector<std::string> Recorder::directLog() const {
 
 std::vector<Call> Recorder::callsNamed(std::string_view name) const {
   std::vector<Call> out;
-  for (const Call& call : E().calls) {
+  for (const Call& call : emulator().calls) {
     if (call.name == name) {
       out.push_back(call);
     }
@@ -78,19 +78,19 @@ std::size_t Recorder::count(std::string_view name) const {
 }
 
 const std::vector<Call>& Recorder::executedCalls() const {
-  return E().executed;
+  return emulator().executed;
 }
 std::vector<std::string> Recorder::executedLog() const {
-  return lines(E().executed);
+  return lines(emulator().executed);
 }
 
 bool Recorder::listExists(GLuint name) const {
-  return E().isList(name);
+  return emulator().isList(name);
 }
 
 std::vector<GLuint> Recorder::listNames() const {
   std::vector<GLuint> names;
-  for (const auto& entry : E().lists) {
+  for (const auto& entry : emulator().lists) {
     names.push_back(entry.first);
   }
   return names;
@@ -98,8 +98,8 @@ std::vector<GLuint> Recorder::listNames() const {
 
 std::vector<Call> Recorder::listCalls(GLuint name) const {
   std::vector<Call> out;
-  const auto it = E().lists.find(name);
-  if (it != E().lists.end()) {
+  const auto it = emulator().lists.find(name);
+  if (it != emulator().lists.end()) {
     for (const detail::ListEntry& entry : it->second) {
       out.push_back(entry.call);
     }
@@ -112,23 +112,23 @@ std::vector<std::string> Recorder::listLog(GLuint name) const {
 }
 
 GLuint Recorder::compilingList() const {
-  return E().compiling;
+  return emulator().compiling;
 }
 void Recorder::setGenLists(GenLists mode) {
-  E().genListsMode = mode;
+  emulator().genListsMode = mode;
 }
 
 void Recorder::forgetAllLists() {
-  E().lists.clear();
-  E().nextList = 1;
+  emulator().lists.clear();
+  emulator().nextList = 1;
 }
 
 void Recorder::forgetList(GLuint name) {
-  E().lists.erase(name);
+  emulator().lists.erase(name);
 }
 
 GLenum Recorder::matrixMode() const {
-  return E().matrixMode;
+  return emulator().matrixMode;
 }
 
 Matrix Recorder::matrix(GLenum mode) const {
@@ -145,123 +145,125 @@ int Recorder::maxStackDepth(GLenum mode) const {
 }
 
 void Recorder::setMaxStackDepth(GLenum mode, int depth) {
-  if (detail::MatrixStack* s = E().stack(mode)) {
+  if (detail::MatrixStack* s = emulator().stack(mode)) {
     s->maxDepth = depth;
   }
 }
 
 int Recorder::underflows(GLenum mode) const {
   if (mode == 0) {
-    return E().modelview.underflows + E().projection.underflows + E().texture.underflows;
+    return emulator().modelview.underflows + emulator().projection.underflows +
+           emulator().texture.underflows;
   }
   return stackOf(mode).underflows;
 }
 
 int Recorder::overflows(GLenum mode) const {
   if (mode == 0) {
-    return E().modelview.overflows + E().projection.overflows + E().texture.overflows;
+    return emulator().modelview.overflows + emulator().projection.overflows +
+           emulator().texture.overflows;
   }
   return stackOf(mode).overflows;
 }
 
 GLenum Recorder::pendingError() const {
-  return E().error;
+  return emulator().error;
 }
 const std::vector<GLenum>& Recorder::errors() const {
-  return E().errors;
+  return emulator().errors;
 }
 
 bool Recorder::isEnabled(GLenum cap) const {
-  return E().enabled.count(cap) != 0;
+  return emulator().enabled.count(cap) != 0;
 }
 std::array<double, 4> Recorder::currentColor() const {
-  return E().color;
+  return emulator().color;
 }
 std::array<float, 3> Recorder::currentNormal() const {
-  return E().normal;
+  return emulator().normal;
 }
 
 std::array<float, 4> Recorder::material(GLenum face, GLenum pname) const {
-  const auto it = E().materials.find({face, pname});
-  return it != E().materials.end() ? it->second : std::array<float, 4>{};
+  const auto it = emulator().materials.find({face, pname});
+  return it != emulator().materials.end() ? it->second : std::array<float, 4>{};
 }
 
 float Recorder::lineWidth() const {
-  return E().lineWidth;
+  return emulator().lineWidth;
 }
 
 std::vector<double> Recorder::get(GLenum pname) const {
-  return E().value(pname).value_or(std::vector<double>{});
+  return emulator().value(pname).value_or(std::vector<double>{});
 }
 
 std::array<float, 4> Recorder::light(GLenum light, GLenum pname) const {
-  return E().host.light(light, pname);
+  return emulator().host.light(light, pname);
 }
 
 GLenum Recorder::polygonMode(GLenum face) const {
-  return face == GL_BACK ? E().polygonBack : E().polygonFront;
+  return face == GL_BACK ? emulator().polygonBack : emulator().polygonFront;
 }
 const std::vector<Primitive>& Recorder::primitives() const {
-  return E().primitives;
+  return emulator().primitives;
 }
 
 std::string Recorder::quadricName(const GLUquadric* handle) const {
-  return E().quadricName(handle);
+  return emulator().quadricName(handle);
 }
 
 int Recorder::quadricsCreated() const {
-  return E().nextQuadric - 1;
+  return emulator().nextQuadric - 1;
 }
 
 int Recorder::liveQuadrics() const {
   int live = 0;
-  for (const auto& entry : E().quadrics) {
+  for (const auto& entry : emulator().quadrics) {
     live += entry.second.live ? 1 : 0;
   }
   return live;
 }
 
 bool Recorder::isLiveQuadric(const GLUquadric* handle) const {
-  const auto it = E().quadrics.find(handle);
-  return it != E().quadrics.end() && it->second.live;
+  const auto it = emulator().quadrics.find(handle);
+  return it != emulator().quadrics.end() && it->second.live;
 }
 
 int Recorder::doubleDeletes() const {
-  return E().doubleDeletes;
+  return emulator().doubleDeletes;
 }
 int Recorder::deadQuadricUses() const {
-  return E().deadQuadricUses;
+  return emulator().deadQuadricUses;
 }
 
 GLenum Recorder::quadricOrientation(const GLUquadric* handle) const {
-  const auto it = E().quadrics.find(handle);
-  return it != E().quadrics.end() ? it->second.orientation : 0;
+  const auto it = emulator().quadrics.find(handle);
+  return it != emulator().quadrics.end() ? it->second.orientation : 0;
 }
 
 GLenum Recorder::quadricDrawStyle(const GLUquadric* handle) const {
-  const auto it = E().quadrics.find(handle);
-  return it != E().quadrics.end() ? it->second.drawStyle : 0;
+  const auto it = emulator().quadrics.find(handle);
+  return it != emulator().quadrics.end() ? it->second.drawStyle : 0;
 }
 
 GLenum Recorder::quadricNormals(const GLUquadric* handle) const {
-  const auto it = E().quadrics.find(handle);
-  return it != E().quadrics.end() ? it->second.normals : 0;
+  const auto it = emulator().quadrics.find(handle);
+  return it != emulator().quadrics.end() ? it->second.normals : 0;
 }
 
 void Recorder::setNewQuadricFails(bool fails) {
-  E().newQuadricFails = fails;
+  emulator().newQuadricFails = fails;
 }
 
 int Recorder::gleJoinStyle() const {
-  return E().gleJoinStyle;
+  return emulator().gleJoinStyle;
 }
 int Recorder::gleNumSides() const {
-  return E().gleNumSides;
+  return emulator().gleNumSides;
 }
 
-}  // namespace glrec
+}  // namespace glrecorder
 
-void glrec::PrintTo(GenLists mode, std::ostream* os) {
+void glrecorder::PrintTo(GenLists mode, std::ostream* os) {
   switch (mode) {
     case GenLists::Normal:
       *os << "Normal";

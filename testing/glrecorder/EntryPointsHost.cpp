@@ -11,17 +11,9 @@
 
 namespace {
 
-using glrec::Arg;
-using glrec::en;
-using glrec::Matrix;
-using glrec::detail::args;
-using glrec::detail::doublesOrNull;
-using glrec::detail::E;
-using glrec::detail::Emulator;
-using glrec::detail::floatsOrNull;
-using glrec::detail::matrixFrom;
-using glrec::detail::setColor;
-using glrec::detail::valuesAt;
+// The entry-point helpers (args, emulator, ...) and the recorder's value types.
+using namespace glrecorder;
+using namespace glrecorder::detail;
 
 void loadMatrix(Emulator& e, const std::optional<Matrix>& m) {
   if (m) {
@@ -74,17 +66,17 @@ Matrix lookAt(const Vec3& eye, const Vec3& centre, const Vec3& up) {
   const Vec3 forward = normalized({centre[0] - eye[0], centre[1] - eye[1], centre[2] - eye[2]});
   const Vec3 side = normalized(cross(forward, up));
   const Vec3 trueUp = cross(side, forward);
-  Matrix m = glrec::detail::identity();
+  Matrix m = glrecorder::detail::identity();
   for (int i = 0; i < 3; ++i) {
     m[i * 4 + 0] = side[i];
     m[i * 4 + 1] = trueUp[i];
     m[i * 4 + 2] = -forward[i];
   }
-  Matrix move = glrec::detail::identity();
+  Matrix move = glrecorder::detail::identity();
   move[12] = -eye[0];
   move[13] = -eye[1];
   move[14] = -eye[2];
-  return glrec::detail::multiply(m, move);
+  return glrecorder::detail::multiply(m, move);
 }
 
 bool isLight(GLenum light) {
@@ -114,7 +106,7 @@ void setLight(Emulator& e, GLenum light, GLenum pname, const std::vector<float>&
   if (!e.outsideBeginEnd()) {
     return;
   }
-  if (!isLight(light) || glrec::detail::lightValues(pname) == 0 || values.empty()) {
+  if (!isLight(light) || glrecorder::detail::lightValues(pname) == 0 || values.empty()) {
     e.raise(GL_INVALID_ENUM);
     return;
   }
@@ -127,7 +119,7 @@ void setLightModel(Emulator& e, GLenum pname, const std::vector<float>& values) 
   if (!e.outsideBeginEnd()) {
     return;
   }
-  if (glrec::detail::lightModelValues(pname) == 0 || values.empty()) {
+  if (glrecorder::detail::lightModelValues(pname) == 0 || values.empty()) {
     e.raise(GL_INVALID_ENUM);
     return;
   }
@@ -143,7 +135,7 @@ std::vector<float> lightArray(const GLfloat* params, std::size_t n) {
 // Records a command that sets one piece of host state when executed, outside glBegin/glEnd.
 template <class Set>
 void hostCommand(const char* name, std::vector<Arg> arguments, Set set) {
-  E().command(name, std::move(arguments), [set](Emulator& e) {
+  emulator().command(name, std::move(arguments), [set](Emulator& e) {
     if (e.outsideBeginEnd()) {
       set(e);
     }
@@ -161,56 +153,57 @@ extern "C" {
 // ------------------------------------------------------------------ matrices
 
 void GLAPIENTRY glLoadMatrixd(const GLdouble* m) {
-  E().command("glLoadMatrixd", args(doublesOrNull(m, 16)),
-              [mat = matrixFrom(m)](Emulator& e) { loadMatrix(e, mat); });
+  emulator().command("glLoadMatrixd", args(doublesOrNull(m, 16)),
+                     [mat = matrixFrom(m)](Emulator& e) { loadMatrix(e, mat); });
 }
 
 void GLAPIENTRY glLoadMatrixf(const GLfloat* m) {
-  E().command("glLoadMatrixf", args(floatsOrNull(m, 16)),
-              [mat = matrixFrom(m)](Emulator& e) { loadMatrix(e, mat); });
+  emulator().command("glLoadMatrixf", args(floatsOrNull(m, 16)),
+                     [mat = matrixFrom(m)](Emulator& e) { loadMatrix(e, mat); });
 }
 
 void GLAPIENTRY glMultMatrixf(const GLfloat* m) {
-  E().command("glMultMatrixf", args(floatsOrNull(m, 16)),
-              [mat = matrixFrom(m)](Emulator& e) { multiplyMatrix(e, mat); });
+  emulator().command("glMultMatrixf", args(floatsOrNull(m, 16)),
+                     [mat = matrixFrom(m)](Emulator& e) { multiplyMatrix(e, mat); });
 }
 
 void GLAPIENTRY glFrustum(GLdouble left, GLdouble right, GLdouble bottom, GLdouble top,
                           GLdouble zNear, GLdouble zFar) {
-  E().command("glFrustum", args(left, right, bottom, top, zNear, zFar),
-              [=](Emulator& e) { e.frustum(left, right, bottom, top, zNear, zFar); });
+  emulator().command("glFrustum", args(left, right, bottom, top, zNear, zFar),
+                     [=](Emulator& e) { e.frustum(left, right, bottom, top, zNear, zFar); });
 }
 
 void GLAPIENTRY glScaled(GLdouble x, GLdouble y, GLdouble z) {
-  E().command("glScaled", args(x, y, z), [=](Emulator& e) { e.scale(x, y, z); });
+  emulator().command("glScaled", args(x, y, z), [=](Emulator& e) { e.scale(x, y, z); });
 }
 
 void GLAPIENTRY gluPerspective(GLdouble fovy, GLdouble aspect, GLdouble zNear, GLdouble zFar) {
-  E().command("gluPerspective", args(fovy, aspect, zNear, zFar),
-              [m = perspective(fovy, aspect, zNear, zFar)](Emulator& e) { multiplyMatrix(e, m); });
+  emulator().command(
+      "gluPerspective", args(fovy, aspect, zNear, zFar),
+      [m = perspective(fovy, aspect, zNear, zFar)](Emulator& e) { multiplyMatrix(e, m); });
 }
 
 void GLAPIENTRY gluLookAt(GLdouble eyeX, GLdouble eyeY, GLdouble eyeZ, GLdouble centerX,
                           GLdouble centerY, GLdouble centerZ, GLdouble upX, GLdouble upY,
                           GLdouble upZ) {
   const Matrix m = lookAt({eyeX, eyeY, eyeZ}, {centerX, centerY, centerZ}, {upX, upY, upZ});
-  E().command("gluLookAt", args(eyeX, eyeY, eyeZ, centerX, centerY, centerZ, upX, upY, upZ),
-              [m](Emulator& e) { e.multiplyCurrent(m); });
+  emulator().command("gluLookAt", args(eyeX, eyeY, eyeZ, centerX, centerY, centerZ, upX, upY, upZ),
+                     [m](Emulator& e) { e.multiplyCurrent(m); });
 }
 
 void GLAPIENTRY gluOrtho2D(GLdouble left, GLdouble right, GLdouble bottom, GLdouble top) {
-  E().command("gluOrtho2D", args(left, right, bottom, top),
-              [=](Emulator& e) { e.ortho(left, right, bottom, top, -1.0, 1.0); });
+  emulator().command("gluOrtho2D", args(left, right, bottom, top),
+                     [=](Emulator& e) { e.ortho(left, right, bottom, top, -1.0, 1.0); });
 }
 
 void GLAPIENTRY glGetFloatv(GLenum pname, GLfloat* params) {
-  glrec::detail::get("glGetFloatv", pname, params);
+  glrecorder::detail::get("glGetFloatv", pname, params);
 }
 
 // ------------------------------------------------------------------ framebuffer
 
 void GLAPIENTRY glViewport(GLint x, GLint y, GLsizei width, GLsizei height) {
-  E().command("glViewport", args(x, y, width, height), [=](Emulator& e) {
+  emulator().command("glViewport", args(x, y, width, height), [=](Emulator& e) {
     if (!e.outsideBeginEnd()) {
       return;
     }
@@ -259,11 +252,11 @@ void GLAPIENTRY glDepthFunc(GLenum func) {
 }
 
 void GLAPIENTRY glFlush(void) {
-  E().immediate("glFlush", args());
+  emulator().immediate("glFlush", args());
 }
 
 void GLAPIENTRY glFinish(void) {
-  E().immediate("glFinish", args());
+  emulator().immediate("glFinish", args());
 }
 
 // ------------------------------------------------------------------ shading and lights
@@ -298,31 +291,31 @@ void GLAPIENTRY glColorMaterial(GLenum face, GLenum mode) {
 }
 
 void GLAPIENTRY glLightfv(GLenum light, GLenum pname, const GLfloat* params) {
-  const std::size_t n = params != nullptr ? glrec::detail::lightValues(pname) : 0;
-  E().command(
+  const std::size_t n = params != nullptr ? glrecorder::detail::lightValues(pname) : 0;
+  emulator().command(
       "glLightfv", args(en(light), en(pname), floatsOrNull(params, n)),
       [=, values = lightArray(params, n)](Emulator& e) { setLight(e, light, pname, values); });
 }
 
 void GLAPIENTRY glLightf(GLenum light, GLenum pname, GLfloat param) {
-  E().command("glLightf", args(en(light), en(pname), param), [=](Emulator& e) {
-    setLight(
-        e, light, pname,
-        glrec::detail::lightValues(pname) == 1 ? std::vector<float>{param} : std::vector<float>{});
+  emulator().command("glLightf", args(en(light), en(pname), param), [=](Emulator& e) {
+    setLight(e, light, pname,
+             glrecorder::detail::lightValues(pname) == 1 ? std::vector<float>{param}
+                                                         : std::vector<float>{});
   });
 }
 
 void GLAPIENTRY glLightModelfv(GLenum pname, const GLfloat* params) {
-  const std::size_t n = params != nullptr ? glrec::detail::lightModelValues(pname) : 0;
-  E().command(
+  const std::size_t n = params != nullptr ? glrecorder::detail::lightModelValues(pname) : 0;
+  emulator().command(
       "glLightModelfv", args(en(pname), floatsOrNull(params, n)),
       [=, values = lightArray(params, n)](Emulator& e) { setLightModel(e, pname, values); });
 }
 
 void GLAPIENTRY glLightModeli(GLenum pname, GLint param) {
-  E().command("glLightModeli", args(en(pname), param), [=](Emulator& e) {
+  emulator().command("glLightModeli", args(en(pname), param), [=](Emulator& e) {
     setLightModel(e, pname,
-                  glrec::detail::lightModelValues(pname) == 1
+                  glrecorder::detail::lightModelValues(pname) == 1
                       ? std::vector<float>{static_cast<float>(param)}
                       : std::vector<float>{});
   });
@@ -331,25 +324,25 @@ void GLAPIENTRY glLightModeli(GLenum pname, GLint param) {
 // ------------------------------------------------------------------ colour
 
 void GLAPIENTRY glColor3f(GLfloat red, GLfloat green, GLfloat blue) {
-  E().command("glColor3f", args(red, green, blue), [=](Emulator& e) {
+  emulator().command("glColor3f", args(red, green, blue), [=](Emulator& e) {
     e.color = {red, green, blue, 1.0};
   });
 }
 
 void GLAPIENTRY glColor4f(GLfloat red, GLfloat green, GLfloat blue, GLfloat alpha) {
-  E().command("glColor4f", args(red, green, blue, alpha), [=](Emulator& e) {
+  emulator().command("glColor4f", args(red, green, blue, alpha), [=](Emulator& e) {
     e.color = {red, green, blue, alpha};
   });
 }
 
 void GLAPIENTRY glColor3fv(const GLfloat* v) {
-  E().command("glColor3fv", args(floatsOrNull(v, 3)),
-              [c = valuesAt(v, 3)](Emulator& e) { setColor(e, c); });
+  emulator().command("glColor3fv", args(floatsOrNull(v, 3)),
+                     [c = valuesAt(v, 3)](Emulator& e) { setColor(e, c); });
 }
 
 void GLAPIENTRY glColor4fv(const GLfloat* v) {
-  E().command("glColor4fv", args(floatsOrNull(v, 4)),
-              [c = valuesAt(v, 4)](Emulator& e) { setColor(e, c); });
+  emulator().command("glColor4fv", args(floatsOrNull(v, 4)),
+                     [c = valuesAt(v, 4)](Emulator& e) { setColor(e, c); });
 }
 
 }  // extern "C"

@@ -11,7 +11,7 @@
 #include <cstring>
 #include <ostream>
 
-namespace eglfixture {
+namespace headless {
 namespace {
 
 std::string hex(unsigned value) {
@@ -358,4 +358,4 @@ std::string EglContext::version() {
   return s != nullptr ? s : "";
 }
 
-}  // namespace eglfixture
+}  // namespace headless

@@ -8,21 +8,22 @@
 
 #include <string>
 
-#include "eglfixture/RealGLTest.h"
+#include "realgl/RealGLTest.h"
 
 namespace {
 
-using eglfixture::colorNear;
-using eglfixture::RealGLTest;
-using eglfixture::Rgba;
+using headless::colorNear;
+using headless::RealGLTest;
+using HeadlessContext = RealGLTest;
+using headless::Rgba;
 
-TEST_F(RealGLTest, ContextIsCurrentAndRunsOnLlvmpipe) {
+TEST_F(HeadlessContext, ContextIsCurrentAndRunsOnLlvmpipe) {
   EXPECT_NE(eglGetCurrentContext(), EGL_NO_CONTEXT);
   EXPECT_NE(context().renderer().find("llvmpipe"), std::string::npos) << context().renderer();
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, DefaultStateIsTheDocumentedScene) {
+TEST_F(HeadlessContext, DefaultStateIsTheDocumentedScene) {
   GLint viewport[4] = {};
   glGetIntegerv(GL_VIEWPORT, viewport);
   EXPECT_EQ(viewport[2], 128);
@@ -43,7 +44,7 @@ TEST_F(RealGLTest, DefaultStateIsTheDocumentedScene) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, ClearColourReadsBack) {
+TEST_F(HeadlessContext, ClearColourReadsBack) {
   glClearColor(1.0f, 0.5f, 0.0f, 1.0f);
   glClear(GL_COLOR_BUFFER_BIT);
   EXPECT_TRUE(colorNear(pixel(0, 0), Rgba{255, 128, 0, 255}, 1));
@@ -52,7 +53,7 @@ TEST_F(RealGLTest, ClearColourReadsBack) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, LitSphereCoversTheCentreAndLeavesTheCorners) {
+TEST_F(HeadlessContext, LitSphereCoversTheCentreAndLeavesTheCorners) {
   GLUquadric* quadric = gluNewQuadric();
   gluSphere(quadric, 1.0, 32, 16);
   gluDeleteQuadric(quadric);
@@ -69,7 +70,7 @@ TEST_F(RealGLTest, LitSphereCoversTheCentreAndLeavesTheCorners) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, DisplayListOfGluGeometryReplays) {
+TEST_F(HeadlessContext, DisplayListOfGluGeometryReplays) {
   GLUquadric* quadric = gluNewQuadric();
   const GLuint list = glGenLists(1);
   ASSERT_NE(list, 0u);
@@ -87,7 +88,7 @@ TEST_F(RealGLTest, DisplayListOfGluGeometryReplays) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, LibraryGlCallsReachTheContext) {
+TEST_F(HeadlessContext, LibraryGlCallsReachTheContext) {
   // liblumagrid.so calls glMaterialfv through its own link to libGL.
   CGLColor colour(0.25, 0.5, 0.75, 1.0);
   colour.GLColor();
@@ -99,7 +100,7 @@ TEST_F(RealGLTest, LibraryGlCallsReachTheContext) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, NoGLErrorReportsPendingErrors) {
+TEST_F(HeadlessContext, NoGLErrorReportsPendingErrors) {
   glPopMatrix();  // at depth 1
   const ::testing::AssertionResult result = noGLError();
   EXPECT_FALSE(result);
@@ -107,7 +108,7 @@ TEST_F(RealGLTest, NoGLErrorReportsPendingErrors) {
   EXPECT_TRUE(noGLError());
 }
 
-TEST_F(RealGLTest, EachTestStartsFromAFreshContext) {
+TEST_F(HeadlessContext, EachTestStartsFromAFreshContext) {
   // Runs after tests that translated the modelview matrix and changed the clear colour.
   GLdouble modelview[16];
   glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
@@ -120,13 +121,13 @@ TEST_F(RealGLTest, EachTestStartsFromAFreshContext) {
   EXPECT_EQ(depth, 1);
 }
 
-class SmallFramebufferTest : public RealGLTest {
+class SmallFramebuffer : public RealGLTest {
  protected:
   int framebufferWidth() const override { return 16; }
   int framebufferHeight() const override { return 8; }
 };
 
-TEST_F(SmallFramebufferTest, FramebufferSizeCanBeChosen) {
+TEST_F(SmallFramebuffer, FramebufferSizeCanBeChosen) {
   EXPECT_EQ(context().width(), 16);
   EXPECT_EQ(context().height(), 8);
   EXPECT_EQ(context().readPixels().size(), 128u);
