@@ -7,13 +7,14 @@
 
 #include <climits>
 #include <functional>
-#include <initializer_list>
 #include <limits>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "quadric_probes.h"
+#include "recorded/CallLines.h"
+#include "naming/ParamName.h"
 
 namespace {
 
@@ -47,17 +48,9 @@ Lines DefaultShaft() {
   };
 }
 
-Lines Concat(std::initializer_list<Lines> parts) {
-  Lines out;
-  for (const Lines& p : parts) {
-    out.insert(out.end(), p.begin(), p.end());
-  }
-  return out;
-}
-
 class Arrow : public RecordedTest {};
 
-TEST_F(Arrow, DefaultArrowCompilesTheStatedCalls) {
+TEST_F(Arrow, DefaultArrowCompilesAGreyClosedShaftThenAPointedHead) {
   CGLArrow arrow;
   recorder().clearCalls();
   EXPECT_EQ(arrow.DisplayListMake(), 0);
@@ -214,7 +207,7 @@ Lines FinalHead() {
 }
 
 Lines OneHeadArrow() {
-  return Concat({{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), FinalHead()});
+  return Join({{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), FinalHead()});
 }
 
 Lines TruncatedHead() {
@@ -262,34 +255,34 @@ const HeadsCase kHeadsCases[] = {
     {"SmallestIntHeadsDrawOneHead", false, INT_MIN, OneHeadArrow},
     {"TwoHeads", false, 2,
      [] {
-       return Concat(
+       return Join(
            {{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), TruncatedHead(), FinalHead()});
      }},
     {"ThreeHeads", false, 3,
      [] {
-       return Concat({{line("glColor3d", 0.5, 0.5, 0.5)},
-                      DefaultShaft(),
-                      TruncatedHead(),
-                      TruncatedHead(),
-                      FinalHead()});
+       return Join({{line("glColor3d", 0.5, 0.5, 0.5)},
+                    DefaultShaft(),
+                    TruncatedHead(),
+                    TruncatedHead(),
+                    FinalHead()});
      }},
     {"LiteOneHead", true, 1,
      [] {
-       return Concat({LiteShaft(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteFinalHead()});
      }},
     {"LiteZeroHeads", true, 0,
      [] {
-       return Concat({LiteShaft(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteFinalHead()});
      }},
     {"LiteThreeHeads", true, 3,
      [] {
-       return Concat({LiteShaft(), LiteTruncatedHead(), LiteTruncatedHead(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteTruncatedHead(), LiteTruncatedHead(), LiteFinalHead()});
      }},
 };
 
 class ArrowHeads : public RecordedTestWithParam<HeadsCase> {};
 
-TEST_P(ArrowHeads, CompileEmitsTheStatedCalls) {
+TEST_P(ArrowHeads, CompileEmitsTheShaftThenEachHead) {
   CGLArrow arrow(1.0, 0.2, GetParam().lite, GetParam().heads, 0.8, 0.4);
   EXPECT_LINES(GetParam().expected(), CompiledBody(arrow));
 }
@@ -312,8 +305,7 @@ TEST_P(ArrowHeads, DrawDirectEmitsTheSameGeometryAtOnce) {
   EXPECT_EQ(recorder().stackDepth(GL_MODELVIEW), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Counts, ArrowHeads, ::testing::ValuesIn(kHeadsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Counts, ArrowHeads, ::testing::ValuesIn(kHeadsCases), ParamName());
 
 // ---------------------------------------------------------------- lite
 
@@ -424,8 +416,7 @@ TEST_P(ArrowSetter, ShowsInTheNextEmission) {
             GetParam().expected());
 }
 
-INSTANTIATE_TEST_SUITE_P(Setters, ArrowSetter, ::testing::ValuesIn(kSetterCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Setters, ArrowSetter, ::testing::ValuesIn(kSetterCases), ParamName());
 
 // ---------------------------------------------------------------- immediate mode
 
@@ -534,6 +525,6 @@ TEST_P(ArrowDegenerate, HandsTheValuesToGluUnchanged) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, ArrowDegenerate, ::testing::ValuesIn(kDegenerateCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         ParamName());
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "probes/Probe.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"
+#include "naming/ParamName.h"
 
 namespace {
 
@@ -193,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
         TypeCase{"CoincidentOne", 1.0, 1.0, 0.0, 1, 0},
         TypeCase{"NestedFull", 3.0, 1.0, 1.0, 16, 0}, TypeCase{"NestedEight", 1.0, 3.0, 1.0, 1, 0},
         TypeCase{"ZeroRadii", 0.0, 0.0, 2.0, 16, 2}),
-    [](const ::testing::TestParamInfo<TypeCase>& info) { return std::string(info.param.name); });
+    ParamName());
 
 TEST_F(Belt, SingleTangentListsTheEndOnBFirst) {
   // SetBType(8) stores code 1: the upper outer tangent of equal pulleys.

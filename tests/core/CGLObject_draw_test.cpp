@@ -12,6 +12,7 @@
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
+#include "recorded/CallLines.h"
 #include "recorded/RecordedTest.h"
 
 namespace {
@@ -20,41 +21,11 @@ using glrec::en;
 using glrec::line;
 using glrec::LinesEq;
 
-std::string MultLine(const mat4x4& m) {
-  return line("glMultMatrixd", glrec::doubles(m, 16));
-}
-
-std::string MaterialLine(float r, float g, float b, float a) {
-  const std::array<float, 4> c = {r, g, b, a};
-  return line("glMaterialfv", en(GL_FRONT), en(GL_AMBIENT_AND_DIFFUSE), c);
-}
-
-// The geometry QuadShape(s) emits.
-std::vector<std::string> QuadLines(float s) {
-  return {
-      "glBegin(GL_QUADS)",
-      "glNormal3f(0, 0, 1)",
-      line("glVertex3f", -s, -s, 0.0f),
-      line("glVertex3f", s, -s, 0.0f),
-      line("glVertex3f", s, s, 0.0f),
-      line("glVertex3f", -s, s, 0.0f),
-      "glEnd()",
-  };
-}
-
-std::vector<std::string> Join(std::vector<std::vector<std::string>> parts) {
-  std::vector<std::string> all;
-  for (auto& p : parts) {
-    all.insert(all.end(), p.begin(), p.end());
-  }
-  return all;
-}
-
 glrec::Recorder& Rec() {
   return glrec::recorder();
 }
 
-class CGLObjectDrawTest : public RecordedTest {};
+class ObjectDraw : public RecordedTest {};
 
 // Counts the pipeline's calls of its overridable steps.
 class CountingShape : public QuadShape {
@@ -80,7 +51,7 @@ class CountingShape : public QuadShape {
 
 // ---------------------------------------------------------------- pipeline
 
-TEST_F(CGLObjectDrawTest, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) {
+TEST_F(ObjectDraw, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) {
   QuadShape q(0.5f);
   q.Move(1.0, 2.0, 3.0);
   q.Rotate(0.1, 0.2, 0.3);
@@ -109,7 +80,7 @@ TEST_F(CGLObjectDrawTest, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) 
   EXPECT_EQ(Rec().stackDepth(GL_MODELVIEW), 1);
 }
 
-TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
+TEST_F(ObjectDraw, MatrixReachesGLExactlyAsStored) {
   QuadShape q;
   double raw[16];
   for (int i = 0; i < 16; ++i) {
@@ -122,7 +93,7 @@ TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
   EXPECT_EQ(mult[0].str(), line("glMultMatrixd", glrec::doubles(raw, 16)));
 }
 
-TEST_F(CGLObjectDrawTest, MaterialCarriesTheChannelsRoundedToFloat) {
+TEST_F(ObjectDraw, MaterialCarriesTheChannelsRoundedToFloat) {
   QuadShape q;
   q.ColorSet(1.0 / 3.0, 2.0 / 3.0, 0.1, 0.7);
   q.Draw();
@@ -133,14 +104,14 @@ TEST_F(CGLObjectDrawTest, MaterialCarriesTheChannelsRoundedToFloat) {
   EXPECT_EQ(Rec().count("glColor3d"), 0u);  // colours reach GL only as material
 }
 
-TEST_F(CGLObjectDrawTest, ListHoldsNoTransformAndNoColour) {
+TEST_F(ObjectDraw, ListHoldsNoTransformAndNoColour) {
   QuadShape q;
   q.Move(4.0, 5.0, 6.0);
   q.Draw();
   EXPECT_THAT(Rec().listLog(1), LinesEq(QuadLines(0.5f)));
 }
 
-TEST_F(CGLObjectDrawTest, LaterDrawsOnlyCallTheList) {
+TEST_F(ObjectDraw, LaterDrawsOnlyCallTheList) {
   QuadShape q;
   q.Draw();
   Rec().clearCalls();
@@ -154,7 +125,7 @@ TEST_F(CGLObjectDrawTest, LaterDrawsOnlyCallTheList) {
                            }));
 }
 
-TEST_F(CGLObjectDrawTest, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
+TEST_F(ObjectDraw, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
   QuadShape q;
   q.Draw();
   q.ColorSet(0x0000FFUL);
@@ -177,7 +148,7 @@ TEST_F(CGLObjectDrawTest, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
                            })));
 }
 
-TEST_F(CGLObjectDrawTest, ChangesThatDoNotMarkModifiedDoNotRecompile) {
+TEST_F(ObjectDraw, ChangesThatDoNotMarkModifiedDoNotRecompile) {
   QuadShape q;
   q.Draw();
   q.SetMatrix(Identity());
@@ -195,7 +166,7 @@ TEST_F(CGLObjectDrawTest, ChangesThatDoNotMarkModifiedDoNotRecompile) {
   EXPECT_EQ(Rec().count("glCallList"), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, MoveByZeroRecompiles) {
+TEST_F(ObjectDraw, MoveByZeroRecompiles) {
   QuadShape q;
   q.Draw();
   q.Move(0.0);
@@ -204,7 +175,7 @@ TEST_F(CGLObjectDrawTest, MoveByZeroRecompiles) {
   EXPECT_EQ(Rec().count("glNewList"), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSelection) {
+TEST_F(ObjectDraw, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSelection) {
   CountingShape c;
   c.Draw();
   c.Draw();
@@ -216,7 +187,7 @@ TEST_F(CGLObjectDrawTest, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSe
   EXPECT_EQ(c.selections, 0);
 }
 
-TEST_F(CGLObjectDrawTest, SelectedShapeUsesTheHighlightColour) {
+TEST_F(ObjectDraw, SelectedShapeUsesTheHighlightColour) {
   QuadShape q;
   q.HLColorSet(0.25, 0.5, 0.75, 1.0);
   q.Select(true);
@@ -226,7 +197,7 @@ TEST_F(CGLObjectDrawTest, SelectedShapeUsesTheHighlightColour) {
   EXPECT_EQ(mat[0].str(), MaterialLine(0.25f, 0.5f, 0.75f, 1.0f));
 }
 
-TEST_F(CGLObjectDrawTest, HiddenShapeIssuesNoCallAtAll) {
+TEST_F(ObjectDraw, HiddenShapeIssuesNoCallAtAll) {
   QuadShape q;
   q.SetVisible(false);
   EXPECT_EQ(q.Draw(), 1);
@@ -235,7 +206,7 @@ TEST_F(CGLObjectDrawTest, HiddenShapeIssuesNoCallAtAll) {
   EXPECT_TRUE(q.m_bModified);
 }
 
-TEST_F(CGLObjectDrawTest, BareObjectPushesMultipliesColoursAndPops) {
+TEST_F(ObjectDraw, BareObjectPushesMultipliesColoursAndPops) {
   ObjectProbe o;
   EXPECT_EQ(o.Draw(), 1);
   EXPECT_THAT(Rec().log(), LinesEq({
@@ -248,7 +219,7 @@ TEST_F(CGLObjectDrawTest, BareObjectPushesMultipliesColoursAndPops) {
   EXPECT_EQ(o.m_nDisplayList, -1);
 }
 
-TEST_F(CGLObjectDrawTest, FailedDrawStartSkipsEverythingElse) {
+TEST_F(ObjectDraw, FailedDrawStartSkipsEverythingElse) {
   CountingShape c;
   c.startResult = 0;
   EXPECT_EQ(c.Draw(), 1);
@@ -260,7 +231,7 @@ TEST_F(CGLObjectDrawTest, FailedDrawStartSkipsEverythingElse) {
   EXPECT_TRUE(Rec().log().empty());
 }
 
-TEST_F(CGLObjectDrawTest, ProtectedStepsIssueOneCallEach) {
+TEST_F(ObjectDraw, ProtectedStepsIssueOneCallEach) {
   ObjectProbe o;
   o.Move(2.0, 3.0, 4.0);
   EXPECT_EQ(o.DrawTransform(), 1);
@@ -274,7 +245,7 @@ TEST_F(CGLObjectDrawTest, ProtectedStepsIssueOneCallEach) {
                                     MaterialLine(0.0f, 1.0f, 0.0f, 1.0f)}));
 }
 
-TEST_F(CGLObjectDrawTest, NaNMatrixIsPassedToGLUnchanged) {
+TEST_F(ObjectDraw, NaNMatrixIsPassedToGLUnchanged) {
   QuadShape q;
   q.Move(std::numeric_limits<double>::quiet_NaN());
   q.Draw();
@@ -286,7 +257,7 @@ TEST_F(CGLObjectDrawTest, NaNMatrixIsPassedToGLUnchanged) {
 
 // ---------------------------------------------------------------- protocol
 
-TEST_F(CGLObjectDrawTest, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurrent) {
+TEST_F(ObjectDraw, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurrent) {
   QuadShape q;
   EXPECT_EQ(q.DisplayListMake(), 0);
   EXPECT_FALSE(q.m_bModified);
@@ -294,7 +265,7 @@ TEST_F(CGLObjectDrawTest, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurre
   EXPECT_EQ(Rec().count("glNewList"), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
+TEST_F(ObjectDraw, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   QuadShape q(2.0f);
   q.Move(1.0, 0.0, 0.0);
   EXPECT_EQ(q.DrawDirect(), 0);
@@ -308,9 +279,9 @@ TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 }
 
-class GenListsFailureTest : public RecordedTestWithParam<glrec::GenLists> {};
+class ObjectDrawListFailure : public RecordedTestWithParam<glrec::GenLists> {};
 
-TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
+TEST_P(ObjectDrawListFailure, NoListMeansNoCallAndARetryAtTheNextDraw) {
   Rec().setGenLists(GetParam());
   QuadShape q;
   EXPECT_EQ(q.DisplayListsAllocate(), 0);
@@ -336,11 +307,11 @@ TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
   EXPECT_GT(q.m_nDisplayList, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Failures, GenListsFailureTest,
+INSTANTIATE_TEST_SUITE_P(Failures, ObjectDrawListFailure,
                          ::testing::Values(glrec::GenLists::ReturnZero,
                                            glrec::GenLists::ReturnUnknown));
 
-TEST_F(CGLObjectDrawTest, ExistingListIsReusedNotRegenerated) {
+TEST_F(ObjectDraw, ExistingListIsReusedNotRegenerated) {
   QuadShape q;
   q.Draw();
   Rec().clearCalls();
@@ -349,7 +320,7 @@ TEST_F(CGLObjectDrawTest, ExistingListIsReusedNotRegenerated) {
   EXPECT_EQ(q.m_nDisplayList, 1);
 }
 
-TEST_F(CGLObjectDrawTest, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
+TEST_F(ObjectDraw, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
   QuadShape q;
   q.Draw();
   Rec().forgetAllLists();
@@ -366,7 +337,7 @@ TEST_F(CGLObjectDrawTest, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
 
 // ---------------------------------------------------------------- lifetime
 
-TEST_F(CGLObjectDrawTest, DestructorDeletesTheList) {
+TEST_F(ObjectDraw, DestructorDeletesTheList) {
   {
     QuadShape q;
     q.Draw();
@@ -376,7 +347,7 @@ TEST_F(CGLObjectDrawTest, DestructorDeletesTheList) {
   EXPECT_FALSE(Rec().listExists(1));
 }
 
-TEST_F(CGLObjectDrawTest, DestructorDoesNotDeleteNameZeroOrMinusOne) {
+TEST_F(ObjectDraw, DestructorDoesNotDeleteNameZeroOrMinusOne) {
   {
     QuadShape zero;
     zero.m_nDisplayList = 0;
@@ -385,7 +356,7 @@ TEST_F(CGLObjectDrawTest, DestructorDoesNotDeleteNameZeroOrMinusOne) {
   EXPECT_TRUE(Rec().log().empty());
 }
 
-TEST_F(CGLObjectDrawTest, CopySharesTheListName) {
+TEST_F(ObjectDraw, CopySharesTheListName) {
   QuadShape q;
   q.Draw();
   QuadShape copy(q);
@@ -398,7 +369,7 @@ TEST_F(CGLObjectDrawTest, CopySharesTheListName) {
   EXPECT_EQ(Rec().callsNamed("glCallList")[0].str(), "glCallList(1)");
 }
 
-TEST_F(CGLObjectDrawTest, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegeneratesIt) {
+TEST_F(ObjectDraw, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegeneratesIt) {
   QuadShape q;
   q.Draw();
   { QuadShape copy(q); }
@@ -411,7 +382,7 @@ TEST_F(CGLObjectDrawTest, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegen
   EXPECT_TRUE(Rec().listExists(static_cast<GLuint>(q.m_nDisplayList)));
 }
 
-TEST_F(CGLObjectDrawTest, AssignedObjectSharesTheListName) {
+TEST_F(ObjectDraw, AssignedObjectSharesTheListName) {
   QuadShape q;
   q.Draw();
   QuadShape other;
