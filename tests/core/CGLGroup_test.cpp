@@ -12,9 +12,9 @@
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
+#include "naming/ParamName.h"
 #include "recorded/CallLines.h"
 #include "recorded/RecordedTest.h"
-#include "naming/ParamName.h"
 
 namespace {
 

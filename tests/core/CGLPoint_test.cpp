@@ -13,8 +13,8 @@
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
-#include "recorded/RecordedTest.h"
 #include "naming/ParamName.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 

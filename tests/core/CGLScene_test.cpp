@@ -17,8 +17,8 @@
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
-#include "recorded/RecordedTest.h"
 #include "oracle/SceneOrder.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
 

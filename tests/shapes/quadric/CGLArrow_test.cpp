@@ -12,20 +12,16 @@
 #include <string>
 #include <vector>
 
+#include "naming/ParamName.h"
 #include "quadric_probes.h"
 #include "recorded/CallLines.h"
-#include "naming/ParamName.h"
+#include "recorded/Shorthands.h"
+#include "recorded/SilentCall.h"
 
 namespace {
 
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
-
-using Lines = std::vector<std::string>;
 using ArrowProbe = Probe<CGLArrow>;
 
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const char* const q = "quad1";
 const glrec::Enum kOutside = en(GLU_OUTSIDE);
 const glrec::Enum kInside = en(GLU_INSIDE);
@@ -400,9 +396,7 @@ TEST_P(ArrowSetter, LeavesABuiltListCurrent) {
   arrow.DisplayListMake();
   GetParam().set(arrow);
   EXPECT_FALSE(arrow.m_bModified);
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DisplayListMake(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DisplayListMake(); }));
 }
 
 TEST_P(ArrowSetter, ShowsInTheNextEmission) {
@@ -429,9 +423,7 @@ TEST_F(Arrow, DrawDirectReturnsZeroAfterDrawing) {
 TEST_F(Arrow, DrawDirectOfAHiddenArrowReturnsOneAndDrawsNothing) {
   CGLArrow arrow;
   arrow.SetVisible(false);
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DrawDirect(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DrawDirect(); }));
 }
 
 TEST_F(Arrow, DrawDirectLeavesTheListAlone) {
@@ -449,9 +441,7 @@ class RefusingArrow : public CGLArrow {
 
 TEST_F(Arrow, DrawDirectReturnsOneWhenDrawStartRefuses) {
   RefusingArrow arrow;
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DrawDirect(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DrawDirect(); }));
 }
 
 // ---------------------------------------------------------------- copies

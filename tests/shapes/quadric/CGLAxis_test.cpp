@@ -11,16 +11,11 @@
 #include <vector>
 
 #include "quadric_probes.h"
+#include "recorded/Shorthands.h"
 #include "shapes/quadric/CGLBox.h"
 #include "shapes/quadric/CGLCube.h"
 
 namespace {
-
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
-
-using Lines = std::vector<std::string>;
 
 const double kHalfPi = 1.5707963267948966;
 

@@ -13,19 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "naming/ParamName.h"
 #include "quadric_probes.h"
 #include "recorded/CallLines.h"
-#include "naming/ParamName.h"
+#include "recorded/Shorthands.h"
 
 namespace {
-
-using glrec::en;
-using glrec::line;
-using glrec::recorder;
-
-using Lines = std::vector<std::string>;
-
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct CylinderCase {
   const char* name;
