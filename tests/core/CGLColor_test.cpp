@@ -9,6 +9,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "core_expect.h"
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "core_expect.h"
 #include "core_probes.h"
 #include "naming/ParamName.h"
 
@@ -25,13 +26,24 @@ ObjectProbe Clean() {
   return o;
 }
 
+// o is still as Clean() made it: the identity, and no rebuild mark.
+::testing::AssertionResult Untouched(const ObjectProbe& o) {
+  if (!SameValues(o.m_matrix, Identity())) {
+    return ::testing::AssertionFailure() << "the matrix changed";
+  }
+  if (o.m_bModified) {
+    return ::testing::AssertionFailure() << "marked modified";
+  }
+  return ::testing::AssertionSuccess();
+}
+
 mat4x4 Translation(double x, double y, double z) {
   mat4x4 m;
   m.loadTranslate(x, y, z);
   return m;
 }
 
-TEST(Object, FreshObjectHasDocumentedState) {
+TEST(Object, FreshObjectIsGreyVisibleUnselectedAndUnbuilt) {
   ObjectProbe o;
   EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
   ExpectChannels(o.m_color, 0.5, 0.5, 0.5, 1.0);
@@ -72,8 +84,7 @@ TEST(ObjectMove, MoveByOneIsANoOp) {
   EXPECT_EQ(o.Move(1.0), 1);
   EXPECT_EQ(o.Move(1.0, 1.0, 1.0), 1);
   EXPECT_EQ(o.Move(CGLPoint(1, 1, 1)), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
 TEST(ObjectMove, MoveByZeroMarksModified) {
@@ -136,8 +147,7 @@ TEST(ObjectScale, ScaleByOneIsANoOp) {
   EXPECT_EQ(o.Scale(1.0), 1);
   EXPECT_EQ(o.Scale(1.0, 1.0, 1.0), 1);
   EXPECT_EQ(o.Scale(CGLPoint(1, 1, 1)), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
 TEST(ObjectScale, ScaleMultipliesColumns) {
@@ -180,8 +190,7 @@ TEST(ObjectRotate, RotateByZeroIsANoOp) {
   EXPECT_EQ(o.Rotate(0.0, 0.0, 0.0), 1);
   EXPECT_EQ(o.Rotate(CGLPoint()), 1);
   EXPECT_EQ(o.RotateX(0.0), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
 TEST(ObjectRotate, RotateAppliesXThenYThenZ) {

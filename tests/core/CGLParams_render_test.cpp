@@ -17,16 +17,23 @@ class ParamsClippingPlanesRender : public eglfixture::RealGLTest {
     glOrtho(l, r, b, t, n, f);
     glMatrixMode(GL_MODELVIEW);
   }
+  struct Planes {
+    double n = 0.0;
+    double f = 0.0;
+  };
+  static Planes ReadPlanes() {
+    Planes p;
+    CGLParams::GetClippingPlanes(p.n, p.f);
+    return p;
+  }
 };
 
 TEST_F(ParamsClippingPlanesRender, OrthoPlanesAreReadBack) {
   LoadOrtho(-1, 1, -1, 1, 1, 100);
-  double n = 0.0;
-  double f = 0.0;
-  CGLParams::GetClippingPlanes(n, f);
+  const Planes planes = ReadPlanes();
   // GL keeps the matrix in single precision.
-  EXPECT_NEAR(n, 1.0, 1e-5);
-  EXPECT_NEAR(f, 100.0, 1e-4);
+  EXPECT_NEAR(planes.n, 1.0, 1e-5);
+  EXPECT_NEAR(planes.f, 100.0, 1e-4);
   EXPECT_TRUE(noGLError());
 }
 
@@ -42,11 +49,9 @@ TEST_F(ParamsClippingPlanesRender, SetThenGetRoundTripsAndKeepsTheOtherTerms) {
   }
   EXPECT_EQ(after[10], static_cast<double>(static_cast<float>(-2.0 / 48.0)));
   EXPECT_EQ(after[14], static_cast<double>(static_cast<float>(-52.0 / 48.0)));
-  double n = 0.0;
-  double f = 0.0;
-  CGLParams::GetClippingPlanes(n, f);
-  EXPECT_NEAR(n, 2.0, 1e-5);
-  EXPECT_NEAR(f, 50.0, 1e-4);
+  const Planes planes = ReadPlanes();
+  EXPECT_NEAR(planes.n, 2.0, 1e-5);
+  EXPECT_NEAR(planes.f, 50.0, 1e-4);
   EXPECT_TRUE(noGLError());
 }
 

@@ -10,18 +10,23 @@ namespace {
 
 using eglfixture::colorNear;
 
-class SceneRender : public OrthoRenderTest {};
+class SceneRender : public OrthoRenderTest {
+ protected:
+  // A quad of half-size 0.5 centred on (x, 0), in the scene.
+  static QuadShape* AddQuadAt(CGLScene& scene, double x) {
+    auto* q = new QuadShape(0.5f);
+    q->Move(x, 0.0, 0.0);
+    scene.AddGLShape(q);
+    return q;
+  }
+};
 
 TEST_F(SceneRender, SceneDrawsEachShapeInItsMaterialColour) {
   CGLScene scene;
-  auto* left = new QuadShape(0.5f);
-  auto* right = new QuadShape(0.5f);
-  left->Move(-1.0, 0.0, 0.0);
-  right->Move(1.0, 0.0, 0.0);
+  QuadShape* left = AddQuadAt(scene, -1.0);
+  QuadShape* right = AddQuadAt(scene, 1.0);
   left->ColorSet(0x0000FFUL);
   right->ColorSet(0.5, 0.25, 0.0, 1.0);
-  scene.AddGLShape(left);
-  scene.AddGLShape(right);
   scene.DrawGLShapes();
   EXPECT_TRUE(noGLError());
   saveFramebuffer();
@@ -33,14 +38,10 @@ TEST_F(SceneRender, SceneDrawsEachShapeInItsMaterialColour) {
 
 TEST_F(SceneRender, SelectedShapeShowsTheHighlightColour) {
   CGLScene scene;
-  auto* plain = new QuadShape(0.5f);
-  auto* picked = new QuadShape(0.5f);
-  plain->Move(-1.0, 0.0, 0.0);
-  picked->Move(1.0, 0.0, 0.0);
+  QuadShape* plain = AddQuadAt(scene, -1.0);
+  QuadShape* picked = AddQuadAt(scene, 1.0);
   plain->ColorSet(0.0, 0.0, 0.5, 1.0);
   picked->ColorSet(0.0, 0.0, 0.5, 1.0);
-  scene.AddGLShape(plain);
-  scene.AddGLShape(picked);
   scene.SelectGLShape(picked, 1);
   scene.DrawGLShapes();
   EXPECT_TRUE(noGLError());

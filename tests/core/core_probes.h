@@ -6,8 +6,6 @@
 #include <lumagrid/CGLObject.h>
 #include <lumagrid/mat4x4.h>
 
-#include <gtest/gtest.h>
-
 #include <vector>
 
 #include "probes/Probe.h"
@@ -73,14 +71,6 @@ class LoggingShape : public CGLObject {
   std::vector<const CGLObject*>* m_pDrawn;
   std::vector<const CGLObject*>* m_pDeleted;
 };
-
-// Each channel of c equals the one given, exactly.
-inline void ExpectChannels(const CGLColor& c, double r, double g, double b, double a) {
-  EXPECT_EQ(c.Red(), r);
-  EXPECT_EQ(c.Green(), g);
-  EXPECT_EQ(c.Blue(), b);
-  EXPECT_EQ(c.Alpha(), a);
-}
 
 inline mat4x4 Identity() {
   mat4x4 m;
