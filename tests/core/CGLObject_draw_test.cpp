@@ -13,6 +13,7 @@
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
 #include "recorded/CallLines.h"
+#include "recorded/DrawCounts.h"
 #include "recorded/RecordedTest.h"
 
 namespace {
@@ -160,9 +161,7 @@ TEST_F(ObjectDraw, ChangesThatDoNotMarkModifiedDoNotRecompile) {
   q.SetVisible(true);
   q.Move(1.0);
   q.ColorSet(0.5);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 0u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
 }
 
@@ -170,9 +169,7 @@ TEST_F(ObjectDraw, MoveByZeroRecompiles) {
   QuadShape q;
   q.Draw();
   q.Move(0.0);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 1u);
 }
 
 TEST_F(ObjectDraw, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSelection) {
@@ -299,9 +296,7 @@ TEST_P(ObjectDrawListFailure, NoListMeansNoCallAndARetryAtTheNextDraw) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 
   Rec().setGenLists(glrec::GenLists::Normal);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 1u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
   EXPECT_FALSE(q.m_bModified);
   EXPECT_GT(q.m_nDisplayList, 0);
@@ -310,6 +305,19 @@ TEST_P(ObjectDrawListFailure, NoListMeansNoCallAndARetryAtTheNextDraw) {
 INSTANTIATE_TEST_SUITE_P(Failures, ObjectDrawListFailure,
                          ::testing::Values(glrec::GenLists::ReturnZero,
                                            glrec::GenLists::ReturnUnknown));
+
+// q's next Draw generates a list name and builds the list under it.
+::testing::AssertionResult DrawGeneratesAList(QuadShape& q) {
+  Rec().clearCalls();
+  q.Draw();
+  if (Rec().count("glGenLists") != 1u) {
+    return ::testing::AssertionFailure() << Rec().count("glGenLists") << " glGenLists calls";
+  }
+  if (!Rec().listExists(static_cast<GLuint>(q.m_nDisplayList))) {
+    return ::testing::AssertionFailure() << "no list " << q.m_nDisplayList;
+  }
+  return ::testing::AssertionSuccess();
+}
 
 TEST_F(ObjectDraw, ExistingListIsReusedNotRegenerated) {
   QuadShape q;
@@ -329,10 +337,7 @@ TEST_F(ObjectDraw, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
   EXPECT_EQ(Rec().count("glGenLists"), 0u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
   q.Scale(2.0);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glGenLists"), 1u);
-  EXPECT_TRUE(Rec().listExists(static_cast<GLuint>(q.m_nDisplayList)));
+  EXPECT_TRUE(DrawGeneratesAList(q));
 }
 
 // ---------------------------------------------------------------- lifetime
@@ -361,9 +366,7 @@ TEST_F(ObjectDraw, CopySharesTheListName) {
   q.Draw();
   QuadShape copy(q);
   EXPECT_EQ(copy.m_nDisplayList, 1);
-  Rec().clearCalls();
-  copy.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(copy), 0u);
   EXPECT_EQ(Rec().count("glGenLists"), 0u);
   EXPECT_THAT(Rec().callsNamed("glCallList"), ::testing::SizeIs(1));
   EXPECT_EQ(Rec().callsNamed("glCallList")[0].str(), "glCallList(1)");
@@ -376,10 +379,7 @@ TEST_F(ObjectDraw, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegeneratesI
   EXPECT_EQ(Rec().count("glDeleteLists"), 1u);
   EXPECT_FALSE(Rec().listExists(1));
   q.ColorSet(0.9);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glGenLists"), 1u);
-  EXPECT_TRUE(Rec().listExists(static_cast<GLuint>(q.m_nDisplayList)));
+  EXPECT_TRUE(DrawGeneratesAList(q));
 }
 
 TEST_F(ObjectDraw, AssignedObjectSharesTheListName) {

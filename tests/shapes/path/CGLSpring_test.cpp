@@ -331,6 +331,9 @@ void PrintTo(const TwistCase& c, std::ostream* os) {
   *os << c.name;
 }
 
+// Every twist of the top hook.
+const TwistCase kTwists[] = {{"None", 0}, {"Quarter", 1}, {"Half", 2}, {"ThreeQuarters", 3}};
+
 class SpringTensionTube : public SpringWithParam<TwistCase> {};
 
 // The body's points, written out from the description: the helix, the
@@ -425,10 +428,7 @@ TEST_P(SpringTensionTube, BodyPointsFollowTheHelixAndItsTransitions) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Twists, SpringTensionTube,
-                         ::testing::Values(TwistCase{"None", 0}, TwistCase{"Quarter", 1},
-                                           TwistCase{"Half", 2}, TwistCase{"ThreeQuarters", 3}),
-                         ParamName());
+INSTANTIATE_TEST_SUITE_P(Twists, SpringTensionTube, ::testing::ValuesIn(kTwists), ParamName());
 
 TEST_F(Spring, HalfTwistTurnsTheTopHookByNothing) {
   CGLSpring s;
@@ -487,10 +487,7 @@ TEST_P(SpringTensionSchematic, IsAZigzagAndTwoArcsOfTheCoilRadius) {
   EXPECT_NE((L - 2 * R) + 2 * R, L);
 }
 
-INSTANTIATE_TEST_SUITE_P(Twists, SpringTensionSchematic,
-                         ::testing::Values(TwistCase{"None", 0}, TwistCase{"Quarter", 1},
-                                           TwistCase{"Half", 2}, TwistCase{"ThreeQuarters", 3}),
-                         ParamName());
+INSTANTIATE_TEST_SUITE_P(Twists, SpringTensionSchematic, ::testing::ValuesIn(kTwists), ParamName());
 
 // ---------------------------------------------------------------- other types, drawing
 

@@ -15,6 +15,7 @@
 #include "naming/ParamName.h"
 #include "quadric_probes.h"
 #include "recorded/CallLines.h"
+#include "recorded/DrawCounts.h"
 #include "recorded/Shorthands.h"
 #include "recorded/SilentCall.h"
 
@@ -193,13 +194,18 @@ std::ostream& operator<<(std::ostream& os, const HeadsCase& c) {
   return os << c.name;
 }
 
-Lines FinalHead() {
+// A head: a cone from radius 0.2 to `top` over `length`, closed by its base disk.
+Lines Head(double top, double length, int slices, int stacks) {
   return {
       line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.0, kH, 128, 8),
+      line("gluCylinder", q, 0.2, top, length, slices, stacks),
       line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 128, 1),
+      line("gluDisk", q, 0.0, 0.2, slices, 1),
   };
+}
+
+Lines FinalHead() {
+  return Head(0.0, kH, 128, 8);
 }
 
 Lines OneHeadArrow() {
@@ -207,13 +213,8 @@ Lines OneHeadArrow() {
 }
 
 Lines TruncatedHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.1, kH * 0.5, 128, 8),  // half as long, half the radius
-      line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 128, 1),
-      line("glTranslated", 0.0, 0.0, kH * 0.5),
-  };
+  // Half as long, half the radius, then on to its top.
+  return Join({Head(0.1, kH * 0.5, 128, 8), {line("glTranslated", 0.0, 0.0, kH * 0.5)}});
 }
 
 Lines LiteShaft() {
@@ -228,20 +229,11 @@ Lines LiteShaft() {
 }
 
 Lines LiteTruncatedHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside), line("gluCylinder", q, 0.2, 0.1, kH * 0.5, 4, 2),
-      line("gluQuadricOrientation", q, kInside),  line("gluDisk", q, 0.0, 0.2, 4, 1),
-      line("glTranslated", 0.0, 0.0, kH * 0.5),
-  };
+  return Join({Head(0.1, kH * 0.5, 4, 2), {line("glTranslated", 0.0, 0.0, kH * 0.5)}});
 }
 
 Lines LiteFinalHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.0, kH, 4, 2),
-      line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 4, 1),
-  };
+  return Head(0.0, kH, 4, 2);
 }
 
 const HeadsCase kHeadsCases[] = {
@@ -342,9 +334,7 @@ TEST_F(Arrow, SetLengthDoesNotReachABuiltListUntilTheNextModification) {
   arrow.Draw();
   arrow.SetLength(2.0);
 
-  recorder().clearCalls();
-  arrow.Draw();
-  EXPECT_EQ(recorder().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(arrow), 0u);
   // The replayed list still holds the old shaft.
   EXPECT_LINES((Lines{line("glTranslated", 0.0, 0.0, kS)}), ExecutedNamed("glTranslated"));
 
@@ -355,9 +345,7 @@ TEST_F(Arrow, SetLengthDoesNotReachABuiltListUntilTheNextModification) {
 
   // Any marking change rebuilds with it.
   arrow.Move(0.0);
-  recorder().clearCalls();
-  arrow.Draw();
-  EXPECT_EQ(recorder().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(arrow), 1u);
   const std::vector<glrec::Call> cylinders = recorder().callsNamed("gluCylinder");
   ASSERT_FALSE(cylinders.empty());
   EXPECT_EQ(cylinders.front().str(), line("gluCylinder", q, kR, kR, 2.0 * 0.8, 128, 8));

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -80,6 +81,18 @@ TEST_F(Axis, ArrowsTakeTheTessellationDefaults) {
   }
 }
 
+// m sends the tip of an unturned arrow of length 2, (0, 0, 2), to (x, y, z),
+// each within 1e-12.
+::testing::AssertionResult TipAt(const mat4x4& m, double x, double y, double z) {
+  const std::array<double, 3> tip = Transform(m, {0.0, 0.0, 2.0});
+  if (std::fabs(tip[0] - x) <= 1e-12 && std::fabs(tip[1] - y) <= 1e-12 &&
+      std::fabs(tip[2] - z) <= 1e-12) {
+    return ::testing::AssertionSuccess();
+  }
+  return ::testing::AssertionFailure()
+         << "tip at (" << tip[0] << ", " << tip[1] << ", " << tip[2] << ")";
+}
+
 TEST_F(Axis, XArrowIsTurnedAboutYOntoPlusX) {
   AxisProbe axis(2.0, 0.1, false);
   mat4x4 expected;
@@ -87,10 +100,7 @@ TEST_F(Axis, XArrowIsTurnedAboutYOntoPlusX) {
   expected.rotateY(kHalfPi);
   const mat4x4& m = axis.m_arrObjects[0]->*MemberPointers::kMatrix;
   EXPECT_TRUE(SameValues(m, expected));
-  const std::array<double, 3> tip = Transform(m, {0.0, 0.0, 2.0});
-  EXPECT_NEAR(tip[0], 2.0, 1e-12);
-  EXPECT_NEAR(tip[1], 0.0, 1e-12);
-  EXPECT_NEAR(tip[2], 0.0, 1e-12);
+  EXPECT_TRUE(TipAt(m, 2.0, 0.0, 0.0));
 }
 
 TEST_F(Axis, YArrowIsTurnedAboutXOntoPlusY) {
@@ -100,10 +110,7 @@ TEST_F(Axis, YArrowIsTurnedAboutXOntoPlusY) {
   expected.rotateX(-kHalfPi);
   const mat4x4& m = axis.m_arrObjects[1]->*MemberPointers::kMatrix;
   EXPECT_TRUE(SameValues(m, expected));
-  const std::array<double, 3> tip = Transform(m, {0.0, 0.0, 2.0});
-  EXPECT_NEAR(tip[0], 0.0, 1e-12);
-  EXPECT_NEAR(tip[1], 2.0, 1e-12);
-  EXPECT_NEAR(tip[2], 0.0, 1e-12);
+  EXPECT_TRUE(TipAt(m, 0.0, 2.0, 0.0));
 }
 
 TEST_F(Axis, ZArrowAndCubeAreNotTurned) {

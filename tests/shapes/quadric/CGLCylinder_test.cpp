@@ -34,11 +34,11 @@ const char* const q = "quad1";
 const glrec::Enum kOutside = en(GLU_OUTSIDE);
 const glrec::Enum kInside = en(GLU_INSIDE);
 
-// The side, drawn outward.
-Lines Side(double base, double top, double height) {
+// The side, drawn outward, with the given quadric.
+Lines Side(double base, double top, double height, const char* quad = q) {
   return {
-      line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, base, top, height, 128, 8),
+      line("gluQuadricOrientation", quad, kOutside),
+      line("gluCylinder", quad, base, top, height, 128, 8),
   };
 }
 
@@ -174,9 +174,7 @@ TEST_F(Cylinder, AssignmentCarriesTheGeometry) {
   const CGLCylinder b(0.5, 4.0, false);
   CGLCylinder& result = (a = b);
   EXPECT_EQ(&result, &a);
-  EXPECT_LINES((Lines{line("gluQuadricOrientation", "quad2", kOutside),
-                      line("gluCylinder", "quad2", 0.5, 0.5, 4.0, 128, 8)}),
-               CompiledBody(a));
+  EXPECT_LINES(Side(0.5, 0.5, 4.0, "quad2"), CompiledBody(a));
 }
 
 TEST_F(Cylinder, ConeAssignmentCarriesTheGeometry) {
@@ -184,9 +182,7 @@ TEST_F(Cylinder, ConeAssignmentCarriesTheGeometry) {
   const CGLCone b(0.5, 4.0, false);
   CGLCone& result = (a = b);
   EXPECT_EQ(&result, &a);
-  EXPECT_LINES((Lines{line("gluQuadricOrientation", "quad2", kOutside),
-                      line("gluCylinder", "quad2", 0.5, 0.0, 4.0, 128, 8)}),
-               CompiledBody(a));
+  EXPECT_LINES(Side(0.5, 0.0, 4.0, "quad2"), CompiledBody(a));
 }
 
 TEST_F(Cylinder, DrawDirectDrawsNothing) {
