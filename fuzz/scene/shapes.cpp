@@ -9,18 +9,38 @@
 
 #include "standin/QuadShape.h"
 
+#include <type_traits>
+
 namespace scenefuzz {
 
 namespace {
 
 template <class T>
-const mat4x4* MatrixOf(CGLObject* p) {
-  return &static_cast<Counted<T>*>(p)->Matrix();
-}
+struct Type {
+  using type = T;
+};
 
-template <class T>
-CGLObject* Copy(const CGLObject& src) {
-  return new Counted<T>(static_cast<const Counted<T>&>(src));
+// f(Type<T>{}) for the class T that the kind stands for.
+template <class F>
+auto WithType(int kind, F&& f) {
+  switch (kind) {
+    case kTile:
+      return f(Type<QuadShape>{});
+    case kBare:
+      return f(Type<CGLObject>{});
+    case kSphere:
+      return f(Type<CGLSphere>{});
+    case kCylinder:
+      return f(Type<CGLCylinder>{});
+    case kCone:
+      return f(Type<CGLCone>{});
+    case kArrow:
+      return f(Type<CGLArrow>{});
+    case kGroup:
+      return f(Type<CGLGroup>{});
+    default:
+      return f(Type<CGLAxis>{});
+  }
 }
 
 }  // namespace
@@ -62,59 +82,29 @@ CGLObject* MakeShape(int kind, FuzzInput& in) {
 }
 
 CGLObject* CopyShape(int kind, const CGLObject& src) {
-  switch (kind) {
-    case kTile:
-      return Copy<QuadShape>(src);
-    case kBare:
-      return Copy<CGLObject>(src);
-    case kSphere:
-      return Copy<CGLSphere>(src);
-    case kCylinder:
-      return Copy<CGLCylinder>(src);
-    case kCone:
-      return Copy<CGLCone>(src);
-    case kArrow:
-      return Copy<CGLArrow>(src);
-    default:
+  return WithType(kind, [&src](auto type) -> CGLObject* {
+    using T = typename decltype(type)::type;
+    if constexpr (std::is_base_of<CGLGroup, T>::value) {
       return nullptr;  // groups are not copied
-  }
+    } else {
+      return new Counted<T>(static_cast<const Counted<T>&>(src));
+    }
+  });
 }
 
 Node NodeOf(CGLObject* p, int kind) {
   Node node;
   node.kind = kind;
-  switch (kind) {
-    case kTile:
-      node.matrix = MatrixOf<QuadShape>(p);
-      break;
-    case kBare:
-      node.matrix = MatrixOf<CGLObject>(p);
-      break;
-    case kSphere:
-      node.matrix = MatrixOf<CGLSphere>(p);
-      node.quadric = true;
-      break;
-    case kCylinder:
-      node.matrix = MatrixOf<CGLCylinder>(p);
-      node.quadric = true;
-      break;
-    case kCone:
-      node.matrix = MatrixOf<CGLCone>(p);
-      node.quadric = true;
-      break;
-    case kArrow:
-      node.matrix = MatrixOf<CGLArrow>(p);
-      node.quadric = true;
-      break;
-    case kGroup:
-      node.matrix = MatrixOf<CGLGroup>(p);
-      node.group = static_cast<Counted<CGLGroup>*>(p);
-      break;
-    default:
-      node.matrix = MatrixOf<CGLAxis>(p);
-      node.group = static_cast<Counted<CGLAxis>*>(p);
-      node.members = 4;  // three arrows and the cube
-      break;
+  node.matrix = WithType(kind, [p](auto type) -> const mat4x4* {
+    using T = typename decltype(type)::type;
+    return &static_cast<Counted<T>*>(p)->Matrix();
+  });
+  node.quadric = kind == kSphere || kind == kCylinder || kind == kCone || kind == kArrow;
+  if (kind == kGroup) {
+    node.group = static_cast<Counted<CGLGroup>*>(p);
+  } else if (kind == kAxis) {
+    node.group = static_cast<Counted<CGLAxis>*>(p);
+    node.members = 4;  // three arrows and the cube
   }
   return node;
 }
