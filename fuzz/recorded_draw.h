@@ -4,11 +4,13 @@
 // Checks over a call log of the recording GL double, shared by the shape
 // targets.
 
+#include "fuzz_input.h"
 #include <lumagrid/testing/GLRecorder.h>
 
 #include <GL/gl.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <variant>
@@ -93,6 +95,20 @@ inline bool Paired(const std::vector<glrecorder::Call>& calls, std::string_view 
 // glBegin/glEnd alternate: GL forbids nesting them.
 inline bool BeginEndBalanced(const std::vector<glrecorder::Call>& calls) {
   return Paired(calls, "glBegin", "glEnd", 1);
+}
+
+// Runs one input through Fuzzer(in).Run() on a fresh recorder: every list
+// the shapes made must be gone with them.
+template <class Fuzzer>
+void RunOnFreshRecorder(const std::uint8_t* data, std::size_t size) {
+  glrecorder::recorder().reset();
+  {
+    FuzzInput in(data, size);
+    Fuzzer fuzzer(in);
+    fuzzer.Run();
+  }
+  FUZZ_CHECK(glrecorder::recorder().listNames().empty());
+  glrecorder::recorder().reset();
 }
 
 }  // namespace fuzzgl

@@ -282,13 +282,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const int hooked = __sanitizer_install_malloc_and_free_hooks(MallocHook, FreeHook);
   static_cast<void>(hooked);
 #endif
-  glrecorder::recorder().reset();
-  {
-    FuzzInput in(data, size);
-    SpringFuzzer fuzzer(in);
-    fuzzer.Run();
-  }
-  FUZZ_CHECK(glrecorder::recorder().listNames().empty());
-  glrecorder::recorder().reset();
+  fuzzgl::RunOnFreshRecorder<SpringFuzzer>(data, size);
   return 0;
 }

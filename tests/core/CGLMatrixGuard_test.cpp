@@ -25,7 +25,7 @@ namespace {
 using glrecorder::en;
 using glrecorder::line;
 
-class CGLMatrixGuardTest : public RecordedTest {
+class MatrixGuard : public RecordedTest {
  protected:
   // The host's own matrix, which a draw must not leave behind changed.
   void SetUp() override {
@@ -49,7 +49,7 @@ CGLGroup* MovedGroup() {
   return group;
 }
 
-TEST_F(CGLMatrixGuardTest, GroupDrawWithoutGuardUnderflows) {
+TEST_F(MatrixGuard, GroupDrawWithoutGuardUnderflows) {
   std::unique_ptr<CGLGroup> group(MovedGroup());
   group->Draw();
   EXPECT_EQ(1, glrecorder::recorder().underflows(GL_MODELVIEW));
@@ -87,7 +87,7 @@ CameraFrame DrawUnderPushedCamera(bool guarded) {
           glrecorder::recorder().underflows(GL_MODELVIEW) - underflowsBefore};
 }
 
-TEST_F(CGLMatrixGuardTest, WithoutSpareMatrixShapesAfterAGroupLoseAPushedCamera) {
+TEST_F(MatrixGuard, WithoutSpareMatrixShapesAfterAGroupLoseAPushedCamera) {
   const CameraFrame bare = DrawUnderPushedCamera(false);
   EXPECT_EQ(bare.memberZ, -5.0);  // members are drawn before the extra pop
   EXPECT_EQ(bare.laterZ, 0.0);    // the camera was popped: drawn at the eye
@@ -98,7 +98,7 @@ TEST_F(CGLMatrixGuardTest, WithoutSpareMatrixShapesAfterAGroupLoseAPushedCamera)
   EXPECT_EQ(guarded.underflows, 0);
 }
 
-TEST_F(CGLMatrixGuardTest, GroupThatPopsTwiceLeavesDepthAndMatrix) {
+TEST_F(MatrixGuard, GroupThatPopsTwiceLeavesDepthAndMatrix) {
   std::unique_ptr<CGLGroup> group(MovedGroup());
   {
     CGLMatrixGuard guard;
@@ -112,7 +112,7 @@ TEST_F(CGLMatrixGuardTest, GroupThatPopsTwiceLeavesDepthAndMatrix) {
   EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
 }
 
-TEST_F(CGLMatrixGuardTest, SceneWithAxisTriadKeepsHostMatrix) {
+TEST_F(MatrixGuard, SceneWithAxisTriadKeepsHostMatrix) {
   CGLScene scene;
   auto* axis = new CGLAxis(1.0, 0.1, true);
   axis->Move(4.0, 0.0, 0.0);
@@ -131,7 +131,7 @@ TEST_F(CGLMatrixGuardTest, SceneWithAxisTriadKeepsHostMatrix) {
   EXPECT_EQ(0, glrecorder::recorder().underflows());
 }
 
-TEST_F(CGLMatrixGuardTest, OneSparePerGroup) {
+TEST_F(MatrixGuard, OneSparePerGroup) {
   std::unique_ptr<CGLGroup> first(MovedGroup());
   std::unique_ptr<CGLGroup> second(MovedGroup());
   {
@@ -144,7 +144,7 @@ TEST_F(CGLMatrixGuardTest, OneSparePerGroup) {
   EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
-TEST_F(CGLMatrixGuardTest, PopsWhatAnEmptyBeltLeftPushed) {
+TEST_F(MatrixGuard, PopsWhatAnEmptyBeltLeftPushed) {
   CGLBelt belt(1.0, 1.0, 0.0);  // no outline: DrawDirect keeps its push
   {
     CGLMatrixGuard guard(0);
@@ -155,7 +155,7 @@ TEST_F(CGLMatrixGuardTest, PopsWhatAnEmptyBeltLeftPushed) {
   EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
-TEST_F(CGLMatrixGuardTest, ExactCallsAroundABalancedDraw) {
+TEST_F(MatrixGuard, ExactCallsAroundABalancedDraw) {
   glrecorder::recorder().clearCalls();
   { CGLMatrixGuard guard; }
   const std::array<double, 16> host = m_hostMatrix;
@@ -174,7 +174,7 @@ TEST_F(CGLMatrixGuardTest, ExactCallsAroundABalancedDraw) {
               }));
 }
 
-TEST_F(CGLMatrixGuardTest, LeavesTheMatrixModeItFound) {
+TEST_F(MatrixGuard, LeavesTheMatrixModeItFound) {
   glMatrixMode(GL_PROJECTION);
   std::unique_ptr<CGLGroup> group(MovedGroup());
   {
@@ -189,7 +189,7 @@ TEST_F(CGLMatrixGuardTest, LeavesTheMatrixModeItFound) {
   EXPECT_EQ(m_hostMatrix, glrecorder::recorder().matrix(GL_MODELVIEW));
 }
 
-TEST_F(CGLMatrixGuardTest, SparesStopAtTheStackLimit) {
+TEST_F(MatrixGuard, SparesStopAtTheStackLimit) {
   glrecorder::recorder().setMaxStackDepth(GL_MODELVIEW, 3);
   {
     CGLMatrixGuard guard(5);
@@ -199,7 +199,7 @@ TEST_F(CGLMatrixGuardTest, SparesStopAtTheStackLimit) {
   EXPECT_EQ(1, Depth());
 }
 
-TEST_F(CGLMatrixGuardTest, SavesDepthAndMatrixAtConstruction) {
+TEST_F(MatrixGuard, SavesDepthAndMatrixAtConstruction) {
   CGLMatrixGuard guard;
   EXPECT_EQ(1, guard.SavedDepth());
   glrecorder::Matrix saved{};

@@ -10,18 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "core_expect.h"
 #include "core_probes.h"
+#include "naming/ParamName.h"
 
 namespace {
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-void ExpectChannels(const CGLColor& c, double r, double g, double b, double a) {
-  EXPECT_EQ(c.Red(), r);
-  EXPECT_EQ(c.Green(), g);
-  EXPECT_EQ(c.Blue(), b);
-  EXPECT_EQ(c.Alpha(), a);
-}
 
 // A probe whose modified flag has been cleared, so that a test sees whether
 // an operation sets it.
@@ -31,13 +26,24 @@ ObjectProbe Clean() {
   return o;
 }
 
+// o is still as Clean() made it: the identity, and no rebuild mark.
+::testing::AssertionResult Untouched(const ObjectProbe& o) {
+  if (!SameValues(o.m_matrix, Identity())) {
+    return ::testing::AssertionFailure() << "the matrix changed";
+  }
+  if (o.m_bModified) {
+    return ::testing::AssertionFailure() << "marked modified";
+  }
+  return ::testing::AssertionSuccess();
+}
+
 mat4x4 Translation(double x, double y, double z) {
   mat4x4 m;
   m.loadTranslate(x, y, z);
   return m;
 }
 
-TEST(CGLObject, FreshObjectHasDocumentedState) {
+TEST(Object, FreshObjectIsGreyVisibleUnselectedAndUnbuilt) {
   ObjectProbe o;
   EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
   ExpectChannels(o.m_color, 0.5, 0.5, 0.5, 1.0);
@@ -50,12 +56,12 @@ TEST(CGLObject, FreshObjectHasDocumentedState) {
   EXPECT_EQ(o.IsSelected(), 0);
 }
 
-TEST(CGLObject, TessellationDefaultsStartAt128SlicesAnd8Stacks) {
+TEST(Object, TessellationDefaultsStartAt128SlicesAnd8Stacks) {
   EXPECT_EQ(CGLObject::s_nSlices4New, 128);
   EXPECT_EQ(CGLObject::s_nStacks4New, 8);
 }
 
-TEST(CGLObject, ConstructorTakesTessellationFromClassDefaultsAndNoQuadric) {
+TEST(Object, ConstructorTakesTessellationFromClassDefaultsAndNoQuadric) {
   const int slices = CGLObject::s_nSlices4New;
   const int stacks = CGLObject::s_nStacks4New;
   ObjectProbe before;
@@ -73,16 +79,15 @@ TEST(CGLObject, ConstructorTakesTessellationFromClassDefaultsAndNoQuadric) {
 
 // ---------------------------------------------------------------- moves
 
-TEST(CGLObjectMove, MoveByOneIsANoOp) {
+TEST(ObjectMove, MoveByOneIsANoOp) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Move(1.0), 1);
   EXPECT_EQ(o.Move(1.0, 1.0, 1.0), 1);
   EXPECT_EQ(o.Move(CGLPoint(1, 1, 1)), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
-TEST(CGLObjectMove, MoveByZeroMarksModified) {
+TEST(ObjectMove, MoveByZeroMarksModified) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Move(0.0), 1);
   EXPECT_TRUE(o.m_bModified);
@@ -92,7 +97,7 @@ TEST(CGLObjectMove, MoveByZeroMarksModified) {
   EXPECT_TRUE(p.m_bModified);
 }
 
-TEST(CGLObjectMove, MoveTranslatesThroughTheAccumulatingMatrixOperation) {
+TEST(ObjectMove, MoveTranslatesThroughTheAccumulatingMatrixOperation) {
   ObjectProbe o;
   o.Scale(2.0);
   EXPECT_EQ(o.Move(1.0, 2.0, 3.0), 1);
@@ -103,28 +108,28 @@ TEST(CGLObjectMove, MoveTranslatesThroughTheAccumulatingMatrixOperation) {
   EXPECT_EQ(o.m_matrix[3][0], 2.0);
 }
 
-TEST(CGLObjectMove, MoveOfOneValueTranslatesAllThreeAxes) {
+TEST(ObjectMove, MoveOfOneValueTranslatesAllThreeAxes) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Move(2.5), 1);
   EXPECT_TRUE(SameValues(o.m_matrix, Translation(2.5, 2.5, 2.5)));
   EXPECT_TRUE(o.m_bModified);
 }
 
-TEST(CGLObjectMove, PartlyOneOffsetIsApplied) {
+TEST(ObjectMove, PartlyOneOffsetIsApplied) {
   ObjectProbe o = Clean();
   o.Move(1.0, 1.0, 2.0);
   EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 1.0, 2.0)));
   EXPECT_TRUE(o.m_bModified);
 }
 
-TEST(CGLObjectMove, MoveToAfterScaleYieldsAPureTranslation) {
+TEST(ObjectMove, MoveToAfterScaleYieldsAPureTranslation) {
   ObjectProbe o;
   o.Scale(2.0);
   EXPECT_EQ(o.MoveTo(1.0, 2.0, 3.0), 1);
   EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 2.0, 3.0)));
 }
 
-TEST(CGLObjectMove, MoveToAlwaysMarksModifiedEvenForTheSameValue) {
+TEST(ObjectMove, MoveToAlwaysMarksModifiedEvenForTheSameValue) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.MoveTo(0.0), 1);
   EXPECT_TRUE(o.m_bModified);
@@ -137,16 +142,15 @@ TEST(CGLObjectMove, MoveToAlwaysMarksModifiedEvenForTheSameValue) {
 
 // ---------------------------------------------------------------- scales
 
-TEST(CGLObjectScale, ScaleByOneIsANoOp) {
+TEST(ObjectScale, ScaleByOneIsANoOp) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Scale(1.0), 1);
   EXPECT_EQ(o.Scale(1.0, 1.0, 1.0), 1);
   EXPECT_EQ(o.Scale(CGLPoint(1, 1, 1)), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
-TEST(CGLObjectScale, ScaleMultipliesColumns) {
+TEST(ObjectScale, ScaleMultipliesColumns) {
   ObjectProbe o = Clean();
   o.Move(1.0, 2.0, 3.0);
   EXPECT_EQ(o.Scale(2.0, 3.0, 4.0), 1);
@@ -156,7 +160,7 @@ TEST(CGLObjectScale, ScaleMultipliesColumns) {
   EXPECT_TRUE(o.m_bModified);
 }
 
-TEST(CGLObjectScale, ZeroScaleIsAppliedUnchecked) {
+TEST(ObjectScale, ZeroScaleIsAppliedUnchecked) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Scale(0.0), 1);
   EXPECT_TRUE(o.m_bModified);
@@ -164,7 +168,7 @@ TEST(CGLObjectScale, ZeroScaleIsAppliedUnchecked) {
   EXPECT_EQ(o.m_matrix[3][3], 1.0);
 }
 
-TEST(CGLObjectScale, ScaleToReplacesTheMatrix) {
+TEST(ObjectScale, ScaleToReplacesTheMatrix) {
   ObjectProbe o = Clean();
   o.Move(5.0);
   o.m_bModified = false;
@@ -181,16 +185,15 @@ TEST(CGLObjectScale, ScaleToReplacesTheMatrix) {
 
 // ---------------------------------------------------------------- rotations
 
-TEST(CGLObjectRotate, RotateByZeroIsANoOp) {
+TEST(ObjectRotate, RotateByZeroIsANoOp) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Rotate(0.0, 0.0, 0.0), 1);
   EXPECT_EQ(o.Rotate(CGLPoint()), 1);
   EXPECT_EQ(o.RotateX(0.0), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
-  EXPECT_FALSE(o.m_bModified);
+  EXPECT_TRUE(Untouched(o));
 }
 
-TEST(CGLObjectRotate, RotateAppliesXThenYThenZ) {
+TEST(ObjectRotate, RotateAppliesXThenYThenZ) {
   ObjectProbe o = Clean();
   o.Move(1.0, 2.0, 3.0);
   EXPECT_EQ(o.Rotate(0.2, 0.5, 0.7), 1);
@@ -204,7 +207,7 @@ TEST(CGLObjectRotate, RotateAppliesXThenYThenZ) {
 
 // The reading the host's guide gives: a point of the shape is turned about z first, then y,
 // then x, all axes of the shape's own frame (as glRotated x, y, z in that call order would).
-TEST(CGLObjectRotate, RotateTurnsAPointAboutZThenYThenX) {
+TEST(ObjectRotate, RotateTurnsAPointAboutZThenYThenX) {
   const double quarter = 1.5707963267948966;
   ObjectProbe o = Clean();
   o.Rotate(quarter, quarter, 0.0);
@@ -224,7 +227,7 @@ TEST(CGLObjectRotate, RotateTurnsAPointAboutZThenYThenX) {
   EXPECT_NEAR(q.z(), 0.0, 1e-15);
 }
 
-TEST(CGLObjectRotate, RotateAboutYAlsoAppliesTheZeroRotations) {
+TEST(ObjectRotate, RotateAboutYAlsoAppliesTheZeroRotations) {
   ObjectProbe o;
   o.Rotate(0.0, 0.5, 0.0);
   mat4x4 expected = Identity();
@@ -234,7 +237,7 @@ TEST(CGLObjectRotate, RotateAboutYAlsoAppliesTheZeroRotations) {
   EXPECT_TRUE(SameValues(o.m_matrix, expected));
 }
 
-TEST(CGLObjectRotate, RotateToKeepsOnlyTheZRotation) {
+TEST(ObjectRotate, RotateToKeepsOnlyTheZRotation) {
   ObjectProbe o;
   o.Move(4.0, 5.0, 6.0);
   EXPECT_EQ(o.RotateTo(0.3, 0.4, 0.5), 1);
@@ -243,7 +246,7 @@ TEST(CGLObjectRotate, RotateToKeepsOnlyTheZRotation) {
   EXPECT_TRUE(SameValues(o.m_matrix, expected));
 }
 
-TEST(CGLObjectRotate, RotateXToAndRotateYToYieldTheIdentity) {
+TEST(ObjectRotate, RotateXToAndRotateYToYieldTheIdentity) {
   ObjectProbe o = Clean();
   o.Move(4.0, 5.0, 6.0);
   o.m_bModified = false;
@@ -255,7 +258,7 @@ TEST(CGLObjectRotate, RotateXToAndRotateYToYieldTheIdentity) {
   EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
 }
 
-TEST(CGLObjectRotate, RotateZToIsThePureZRotation) {
+TEST(ObjectRotate, RotateZToIsThePureZRotation) {
   ObjectProbe o;
   o.Scale(3.0);
   EXPECT_EQ(o.RotateZTo(0.8), 1);
@@ -264,7 +267,7 @@ TEST(CGLObjectRotate, RotateZToIsThePureZRotation) {
   EXPECT_TRUE(SameValues(o.m_matrix, expected));
 }
 
-TEST(CGLObjectRotate, SingleAxisRotationsAccumulate) {
+TEST(ObjectRotate, SingleAxisRotationsAccumulate) {
   ObjectProbe o;
   o.RotateX(0.1);
   o.RotateY(0.2);
@@ -319,9 +322,9 @@ void PrintTo(const RoutingCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class TransformRoutingTest : public ::testing::TestWithParam<RoutingCase> {};
+class ObjectTransformRouting : public ::testing::TestWithParam<RoutingCase> {};
 
-TEST_P(TransformRoutingTest, ReachesTheVirtualPointOverload) {
+TEST_P(ObjectTransformRouting, ReachesTheVirtualPointOverload) {
   RoutingObject o;
   const RoutingCase& c = GetParam();
   EXPECT_EQ(c.call(o), 9);
@@ -333,7 +336,7 @@ TEST_P(TransformRoutingTest, ReachesTheVirtualPointOverload) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Forms, TransformRoutingTest,
+    Forms, ObjectTransformRouting,
     ::testing::Values(
         RoutingCase{"Move3", [](RoutingObject& o) { return o.Move(1, 2, 3); }, "Move", 1, 2, 3},
         RoutingCase{"MoveTo3", [](RoutingObject& o) { return o.MoveTo(1, 2, 3); }, "MoveTo", 1, 2,
@@ -354,7 +357,7 @@ INSTANTIATE_TEST_SUITE_P(
                     0},
         RoutingCase{"RotateZTo", [](RoutingObject& o) { return o.RotateZTo(4); }, "RotateTo", 0, 0,
                     4}),
-    [](const ::testing::TestParamInfo<RoutingCase>& info) { return info.param.name; });
+    ParamName());
 
 struct DirectCase {
   const char* name;
@@ -366,25 +369,25 @@ void PrintTo(const DirectCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class DirectTransformTest : public ::testing::TestWithParam<DirectCase> {};
+class ObjectDirectTransform : public ::testing::TestWithParam<DirectCase> {};
 
-TEST_P(DirectTransformTest, SingleValueFormBypassesThePointOverload) {
+TEST_P(ObjectDirectTransform, SingleValueFormBypassesThePointOverload) {
   RoutingObject o;
   EXPECT_EQ(GetParam().call(o), 1);
   EXPECT_TRUE(o.calls.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Forms, DirectTransformTest,
+    Forms, ObjectDirectTransform,
     ::testing::Values(DirectCase{"Move", [](RoutingObject& o) { return o.Move(2.0); }},
                       DirectCase{"MoveTo", [](RoutingObject& o) { return o.MoveTo(2.0); }},
                       DirectCase{"Scale", [](RoutingObject& o) { return o.Scale(2.0); }},
                       DirectCase{"ScaleTo", [](RoutingObject& o) { return o.ScaleTo(2.0); }}),
-    [](const ::testing::TestParamInfo<DirectCase>& info) { return info.param.name; });
+    ParamName());
 
 // ---------------------------------------------------------------- matrices
 
-TEST(CGLObjectSetMatrix, ArrayIsCopiedInOrderWithoutMarkingModified) {
+TEST(ObjectSetMatrix, ArrayIsCopiedInOrderWithoutMarkingModified) {
   ObjectProbe o = Clean();
   double m[16];
   for (int i = 0; i < 16; ++i) {
@@ -397,7 +400,7 @@ TEST(CGLObjectSetMatrix, ArrayIsCopiedInOrderWithoutMarkingModified) {
   EXPECT_FALSE(o.m_bModified);
 }
 
-TEST(CGLObjectSetMatrix, OwnArrayIsAcceptedAndKeepsTheMatrix) {
+TEST(ObjectSetMatrix, OwnArrayIsAcceptedAndKeepsTheMatrix) {
   ObjectProbe o = Clean();
   o.m_matrix = Translation(1.0, 2.0, 3.0);
   EXPECT_EQ(o.SetMatrix(static_cast<double*>(o.m_matrix)), 1);
@@ -405,7 +408,7 @@ TEST(CGLObjectSetMatrix, OwnArrayIsAcceptedAndKeepsTheMatrix) {
   EXPECT_FALSE(o.m_bModified);
 }
 
-TEST(CGLObjectSetMatrix, MatrixIsCopiedWithoutMarkingModified) {
+TEST(ObjectSetMatrix, MatrixIsCopiedWithoutMarkingModified) {
   ObjectProbe o = Clean();
   const mat4x4 m = Translation(7.0, 8.0, 9.0);
   EXPECT_EQ(o.SetMatrix(m), 1);
@@ -425,9 +428,9 @@ void PrintTo(const ColorRefCase& c, std::ostream* os) {
   *os << "0x" << std::hex << c.rgb;
 }
 
-class ColorRefTest : public ::testing::TestWithParam<ColorRefCase> {};
+class ObjectColorRef : public ::testing::TestWithParam<ColorRefCase> {};
 
-TEST_P(ColorRefTest, LowByteIsRedThenGreenThenBlueWithOpaqueAlpha) {
+TEST_P(ObjectColorRef, LowByteIsRedThenGreenThenBlueWithOpaqueAlpha) {
   ObjectProbe o;
   o.AlphaSet(0.25);
   EXPECT_EQ(o.ColorSet(GetParam().rgb), 1);
@@ -437,7 +440,7 @@ TEST_P(ColorRefTest, LowByteIsRedThenGreenThenBlueWithOpaqueAlpha) {
   ExpectChannels(h.HLColorGet(), GetParam().r, GetParam().g, GetParam().b, 1.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(References, ColorRefTest,
+INSTANTIATE_TEST_SUITE_P(References, ObjectColorRef,
                          ::testing::Values(ColorRefCase{0x0000FFUL, 1.0, 0.0, 0.0},
                                            ColorRefCase{0x00FF0000UL, 0.0, 0.0, 1.0},
                                            ColorRefCase{0xFF000000UL, 0.0, 0.0, 0.0},
@@ -447,13 +450,13 @@ INSTANTIATE_TEST_SUITE_P(References, ColorRefTest,
                                            ColorRefCase{0xAB000080UL, 128 / 255.0, 0.0, 0.0},
                                            ColorRefCase{~0UL, 1.0, 1.0, 1.0}));
 
-TEST(CGLObjectColor, GreyOfTheCurrentLevelChangesNothing) {
+TEST(ObjectColor, GreyOfTheCurrentLevelChangesNothing) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.ColorSet(0.5), 1);
   EXPECT_FALSE(o.m_bModified);
 }
 
-TEST(CGLObjectColor, GreyLevelKeepsAlpha) {
+TEST(ObjectColor, GreyLevelKeepsAlpha) {
   ObjectProbe o;
   o.AlphaSet(0.2);
   o.m_bModified = false;
@@ -462,14 +465,14 @@ TEST(CGLObjectColor, GreyLevelKeepsAlpha) {
   EXPECT_TRUE(o.m_bModified);
 }
 
-TEST(CGLObjectColor, ColorReferenceResetsAlphaToOne) {
+TEST(ObjectColor, ColorReferenceResetsAlphaToOne) {
   ObjectProbe o;
   o.AlphaSet(0.2);
   o.ColorSet(0x808080UL);
   EXPECT_EQ(o.AlphaGet(), 1.0);
 }
 
-TEST(CGLObjectColor, EqualColourDoesNotMarkModified) {
+TEST(ObjectColor, EqualColourDoesNotMarkModified) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.ColorSet(CGLColor(0.5, 0.5, 0.5, 1.0)), 1);
   EXPECT_EQ(o.ColorSet(0.5, 0.5, 0.5, 1.0), 1);
@@ -479,7 +482,7 @@ TEST(CGLObjectColor, EqualColourDoesNotMarkModified) {
   ExpectChannels(o.ColorGet(), 0.5, 0.5, 0.5, 0.9);
 }
 
-TEST(CGLObjectColor, HighlightFamilyHasTheSameRules) {
+TEST(ObjectColor, HighlightFamilyHasTheSameRules) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.HLColorSet(0xFF00UL), 1);
   EXPECT_EQ(o.HLColorSet(0.0, 1.0, 0.0, 1.0), 1);
@@ -496,7 +499,7 @@ TEST(CGLObjectColor, HighlightFamilyHasTheSameRules) {
   ExpectChannels(o.ColorGet(), 0.5, 0.5, 0.5, 1.0);
 }
 
-TEST(CGLObjectColor, GettersReturnTheMembers) {
+TEST(ObjectColor, GettersReturnTheMembers) {
   ObjectProbe o;
   EXPECT_EQ(&o.ColorGet(), &o.m_color);
   EXPECT_EQ(&o.HLColorGet(), &o.m_hlColor);
@@ -519,7 +522,7 @@ class ColorRoutingObject : public CGLObject {
   using CGLObject::HLColorSet;
 };
 
-TEST(CGLObjectColor, FourValueAndReferenceFormsGoThroughTheColourOverload) {
+TEST(ObjectColor, FourValueAndReferenceFormsGoThroughTheColourOverload) {
   ColorRoutingObject o;
   EXPECT_EQ(o.hlColors, 0);  // the constructor's call resolves to the base
   EXPECT_EQ(o.ColorSet(0.1, 0.2, 0.3, 0.4), 5);
@@ -535,13 +538,13 @@ TEST(CGLObjectColor, FourValueAndReferenceFormsGoThroughTheColourOverload) {
 
 // ---------------------------------------------------------------- alpha
 
-TEST(CGLObjectAlpha, SameAlphaChangesNothing) {
+TEST(ObjectAlpha, SameAlphaChangesNothing) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.AlphaSet(1.0), 1);
   EXPECT_FALSE(o.m_bModified);
 }
 
-TEST(CGLObjectAlpha, NewAlphaMarksModifiedAndLeavesHighlightAlone) {
+TEST(ObjectAlpha, NewAlphaMarksModifiedAndLeavesHighlightAlone) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.AlphaSet(0.5), 1);
   EXPECT_TRUE(o.m_bModified);
@@ -549,7 +552,7 @@ TEST(CGLObjectAlpha, NewAlphaMarksModifiedAndLeavesHighlightAlone) {
   EXPECT_EQ(o.m_hlColor.Alpha(), 1.0);
 }
 
-TEST(CGLObjectAlpha, AlphaOffRestoresOpacityWithoutMarkingModified) {
+TEST(ObjectAlpha, AlphaOffRestoresOpacityWithoutMarkingModified) {
   ObjectProbe o;
   o.AlphaSet(0.5);
   o.m_bModified = false;
@@ -560,7 +563,7 @@ TEST(CGLObjectAlpha, AlphaOffRestoresOpacityWithoutMarkingModified) {
 
 // ---------------------------------------------------------------- flags
 
-TEST(CGLObjectFlags, SelectingTwiceMarksModifiedOnce) {
+TEST(ObjectFlags, SelectingTwiceMarksModifiedOnce) {
   ObjectProbe o = Clean();
   o.Select(true);
   EXPECT_TRUE(o.m_bModified);
@@ -573,7 +576,7 @@ TEST(CGLObjectFlags, SelectingTwiceMarksModifiedOnce) {
   EXPECT_EQ(o.IsSelected(), 0);
 }
 
-TEST(CGLObjectFlags, SetVisibleNeverMarksModified) {
+TEST(ObjectFlags, SetVisibleNeverMarksModified) {
   ObjectProbe o = Clean();
   o.SetVisible(false);
   EXPECT_EQ(o.IsVisible(), 0);
@@ -582,7 +585,7 @@ TEST(CGLObjectFlags, SetVisibleNeverMarksModified) {
   EXPECT_FALSE(o.m_bModified);
 }
 
-TEST(CGLObjectBase, BareObjectHasNoGeometry) {
+TEST(ObjectBase, BareObjectHasNoGeometry) {
   ObjectProbe o;
   EXPECT_EQ(o.DisplayListMake(), 0);
   EXPECT_EQ(o.DrawDirect(), 0);
@@ -592,7 +595,7 @@ TEST(CGLObjectBase, BareObjectHasNoGeometry) {
 
 // ---------------------------------------------------------------- NaN
 
-TEST(CGLObjectNaN, NaNPassesEveryIdentityTestAndIsApplied) {
+TEST(ObjectNaN, NaNPassesEveryIdentityTestAndIsApplied) {
   ObjectProbe a = Clean();
   EXPECT_EQ(a.Move(kNaN), 1);
   EXPECT_TRUE(a.m_bModified);
@@ -614,7 +617,7 @@ TEST(CGLObjectNaN, NaNPassesEveryIdentityTestAndIsApplied) {
   EXPECT_TRUE(std::isnan(d.m_matrix[3][1]));
 }
 
-TEST(CGLObjectNaN, NaNColourIsAppliedAgainAtEveryCall) {
+TEST(ObjectNaN, NaNColourIsAppliedAgainAtEveryCall) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.ColorSet(kNaN), 1);
   EXPECT_TRUE(o.m_bModified);
@@ -635,14 +638,14 @@ TEST(CGLObjectNaN, NaNColourIsAppliedAgainAtEveryCall) {
 
 // ---------------------------------------------------------------- identity
 
-TEST(CGLObjectIdentity, IdIsTheAddressAndNotKeptByACopy) {
+TEST(ObjectIdentity, IdIsTheAddressAndNotKeptByACopy) {
   ObjectProbe o;
   EXPECT_EQ(o.GetID(), reinterpret_cast<std::uintptr_t>(static_cast<CGLObject*>(&o)));
   ObjectProbe copy(o);
   EXPECT_NE(copy.GetID(), o.GetID());
 }
 
-TEST(CGLObjectCopy, CopySharesListAndQuadricAndCopiesEveryMember) {
+TEST(ObjectCopy, CopySharesListAndQuadricAndCopiesEveryMember) {
   ObjectProbe o;
   o.Move(1.0, 2.0, 3.0);
   o.ColorSet(0.1, 0.2, 0.3, 0.4);
@@ -684,7 +687,7 @@ TEST(CGLObjectCopy, CopySharesListAndQuadricAndCopiesEveryMember) {
 
 // ---------------------------------------------------------------- layout
 
-TEST(CGLObjectAbi, VirtualTableFollowsTheDeclaredOrder) {
+TEST(ObjectAbi, VirtualTableFollowsTheDeclaredOrder) {
   using O = CGLObject;
   using D = ObjectProbe;
   std::ptrdiff_t slot = 0;
@@ -744,7 +747,7 @@ TEST(CGLObjectAbi, VirtualTableFollowsTheDeclaredOrder) {
   EXPECT_EQ(VtableSlot(&O::GetID), -1);
 }
 
-TEST(CGLObjectLayout, MembersFollowTheVirtualTablePointerInDeclaredOrder) {
+TEST(ObjectLayout, MembersFollowTheVirtualTablePointerInDeclaredOrder) {
   struct Expected {
     void* vptr;
     mat4x4 matrix;

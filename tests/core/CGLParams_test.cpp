@@ -16,7 +16,7 @@ using glrecorder::en;
 using glrecorder::line;
 using glrecorder::LinesEq;
 
-class CGLParamsTest : public RecordedTest {
+class Params : public RecordedTest {
  protected:
   // An orthographic projection, left current in the given mode.
   static void Ortho(double l, double r, double b, double t, double n, double f, GLenum mode) {
@@ -28,7 +28,7 @@ class CGLParamsTest : public RecordedTest {
   }
 };
 
-TEST_F(CGLParamsTest, GetClippingPlanesInvertsTheOrthographicDepthTerms) {
+TEST_F(Params, GetClippingPlanesInvertsTheOrthographicDepthTerms) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_MODELVIEW);
   double n = 0.0;
   double f = 0.0;
@@ -42,7 +42,7 @@ TEST_F(CGLParamsTest, GetClippingPlanesInvertsTheOrthographicDepthTerms) {
               ::testing::ElementsAre(::testing::StartsWith("glGetDoublev(GL_PROJECTION_MATRIX")));
 }
 
-TEST_F(CGLParamsTest, SetClippingPlanesRewritesOnlyTheDepthTerms) {
+TEST_F(Params, SetClippingPlanesRewritesOnlyTheDepthTerms) {
   Ortho(-3, 5, -2, 4, 1, 100, GL_MODELVIEW);
   const auto before = glrecorder::recorder().matrix(GL_PROJECTION);
   CGLParams::SetClippingPlanes(2.0, 50.0);
@@ -68,7 +68,7 @@ TEST_F(CGLParamsTest, SetClippingPlanesRewritesOnlyTheDepthTerms) {
   EXPECT_NEAR(f, 50.0, 1e-12);
 }
 
-TEST_F(CGLParamsTest, SetClippingPlanesLeavesModelViewCurrentWhateverCameBefore) {
+TEST_F(Params, SetClippingPlanesLeavesModelViewCurrentWhateverCameBefore) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_PROJECTION);
   ASSERT_EQ(glrecorder::recorder().matrixMode(), static_cast<GLenum>(GL_PROJECTION));
   CGLParams::SetClippingPlanes(1.0, 10.0);
@@ -76,7 +76,7 @@ TEST_F(CGLParamsTest, SetClippingPlanesLeavesModelViewCurrentWhateverCameBefore)
   EXPECT_EQ(glrecorder::recorder().stackDepth(GL_MODELVIEW), 1);
 }
 
-TEST_F(CGLParamsTest, EqualPlanesLoadInfiniteTermsUnchecked) {
+TEST_F(Params, EqualPlanesLoadInfiniteTermsUnchecked) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_MODELVIEW);
   CGLParams::SetClippingPlanes(5.0, 5.0);
   const auto after = glrecorder::recorder().matrix(GL_PROJECTION);
@@ -84,7 +84,7 @@ TEST_F(CGLParamsTest, EqualPlanesLoadInfiniteTermsUnchecked) {
   EXPECT_TRUE(std::isinf(after[14]));
 }
 
-TEST_F(CGLParamsTest, ZeroDepthScaleYieldsNonFiniteDistances) {
+TEST_F(Params, ZeroDepthScaleYieldsNonFiniteDistances) {
   Ortho(-1, 1, -1, 1, 1, 100, GL_MODELVIEW);
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
@@ -97,7 +97,7 @@ TEST_F(CGLParamsTest, ZeroDepthScaleYieldsNonFiniteDistances) {
   EXPECT_FALSE(std::isfinite(f));
 }
 
-TEST(CGLParamsShape, HasNoDataButAVirtualDestructor) {
+TEST(ParamsShape, HasNoDataButAVirtualDestructor) {
   static_assert(std::has_virtual_destructor<CGLParams>::value, "virtual destructor");
   static_assert(sizeof(CGLParams) == sizeof(void*), "no data members");
   CGLParams a;

@@ -1,5 +1,6 @@
 #include <lumagrid/CGLPoint.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,8 +11,15 @@
 #include <vector>
 
 #include "core_probes.h"
+#include <lumagrid/testing/GLRecorder.h>
+#include <lumagrid/testing/Matchers.h>
+#include "naming/ParamName.h"
+#include "recorded/RecordedTest.h"
 
 namespace {
+
+using glrecorder::line;
+using glrecorder::LinesEq;
 
 const double kInf = std::numeric_limits<double>::infinity();
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -22,18 +30,18 @@ void ExpectXYZ(const CGLPoint& p, double x, double y, double z) {
   EXPECT_EQ(p.Z(), z);
 }
 
-TEST(CGLPoint, DefaultIsOrigin) {
+TEST(Point, DefaultIsOrigin) {
   ExpectXYZ(CGLPoint(), 0.0, 0.0, 0.0);
 }
 
-TEST(CGLPoint, ConstructorAndCopyKeepComponents) {
+TEST(Point, ConstructorAndCopyKeepComponents) {
   const CGLPoint p(1.5, -2.0, 3.25);
   ExpectXYZ(p, 1.5, -2.0, 3.25);
   const CGLPoint q(p);
   ExpectXYZ(q, 1.5, -2.0, 3.25);
 }
 
-TEST(CGLPoint, SettersStoreOneComponentAndReturnOne) {
+TEST(Point, SettersStoreOneComponentAndReturnOne) {
   CGLPoint p;
   EXPECT_EQ(p.XSet(1.0), 1);
   EXPECT_EQ(p.YSet(2.0), 1);
@@ -41,7 +49,7 @@ TEST(CGLPoint, SettersStoreOneComponentAndReturnOne) {
   ExpectXYZ(p, 1.0, 2.0, 3.0);
 }
 
-TEST(CGLPoint, MoveToPointAddsWhileMoveToDoublesAssigns) {
+TEST(Point, MoveToPointAddsWhileMoveToDoublesAssigns) {
   CGLPoint a(1, 1, 1);
   EXPECT_EQ(a.MoveTo(CGLPoint(1, 2, 3)), 1);
   ExpectXYZ(a, 2, 3, 4);  // adds, like Move(const CGLPoint&)
@@ -50,7 +58,7 @@ TEST(CGLPoint, MoveToPointAddsWhileMoveToDoublesAssigns) {
   ExpectXYZ(b, 1, 2, 3);
 }
 
-TEST(CGLPoint, MoveAddsOffsets) {
+TEST(Point, MoveAddsOffsets) {
   CGLPoint p(1, 2, 3);
   EXPECT_EQ(p.Move(1, 1, 1), 1);
   ExpectXYZ(p, 2, 3, 4);
@@ -58,7 +66,7 @@ TEST(CGLPoint, MoveAddsOffsets) {
   ExpectXYZ(p, 0, 0, 0);
 }
 
-TEST(CGLPoint, SingleAxisMovesAddAndSingleAxisMoveTosSet) {
+TEST(Point, SingleAxisMovesAddAndSingleAxisMoveTosSet) {
   CGLPoint p(1, 2, 3);
   EXPECT_EQ(p.MoveX(1), 1);
   EXPECT_EQ(p.MoveY(1), 1);
@@ -75,26 +83,26 @@ TEST(CGLPoint, SingleAxisMovesAddAndSingleAxisMoveTosSet) {
   EXPECT_EQ(&p.TranslateGet(), &p);
 }
 
-TEST(CGLPoint, TranslateXAddsAndReturnsOne) {
+TEST(Point, TranslateXAddsAndReturnsOne) {
   CGLPoint p;
   EXPECT_EQ(p.TranslateX(2.0), 1);
   ExpectXYZ(p, 2, 0, 0);
 }
 
-TEST(CGLPoint, DivisionByZeroScalarChangesNothing) {
+TEST(Point, DivisionByZeroScalarChangesNothing) {
   CGLPoint p(1, 2, 3);
   const CGLPoint& r = (p /= 0.0);
   EXPECT_EQ(&r, &p);
   ExpectXYZ(p, 1, 2, 3);
 }
 
-TEST(CGLPoint, DivisionByTwoHalvesEveryComponent) {
+TEST(Point, DivisionByTwoHalvesEveryComponent) {
   CGLPoint p(1, 2, 3);
   p /= 2.0;
   ExpectXYZ(p, 0.5, 1, 1.5);
 }
 
-TEST(CGLPoint, PointDivisionIsGuardedByTheDividend) {
+TEST(Point, PointDivisionIsGuardedByTheDividend) {
   CGLPoint a(0, 2, 4);
   a /= CGLPoint(1, 1, 1);
   ExpectXYZ(a, 0, 2, 4);  // a zero in this point blocks the whole division
@@ -109,7 +117,7 @@ TEST(CGLPoint, PointDivisionIsGuardedByTheDividend) {
   ExpectXYZ(d, 1, 1, 2);
 }
 
-TEST(CGLPoint, CompoundOperatorsWorkPerComponent) {
+TEST(Point, CompoundOperatorsWorkPerComponent) {
   CGLPoint p(1, 2, 3);
   EXPECT_EQ(&(p += CGLPoint(1, 1, 1)), &p);
   ExpectXYZ(p, 2, 3, 4);
@@ -125,21 +133,21 @@ TEST(CGLPoint, CompoundOperatorsWorkPerComponent) {
   ExpectXYZ(p, -2, -4, -6);
 }
 
-TEST(CGLPoint, DoubleAssignmentSetsAllThree) {
+TEST(Point, DoubleAssignmentSetsAllThree) {
   CGLPoint p(1, 2, 3);
   const CGLPoint& r = (p = 4.5);
   EXPECT_EQ(&r, &p);
   ExpectXYZ(p, 4.5, 4.5, 4.5);
 }
 
-TEST(CGLPoint, SelfAssignmentKeepsComponents) {
+TEST(Point, SelfAssignmentKeepsComponents) {
   CGLPoint p(1, 2, 3);
   CGLPoint& alias = p;
   p = alias;
   ExpectXYZ(p, 1, 2, 3);
 }
 
-TEST(CGLPoint, EqualsDoubleOnlyWhenAllThreeEqualIt) {
+TEST(Point, EqualsDoubleOnlyWhenAllThreeEqualIt) {
   EXPECT_TRUE(CGLPoint(1, 1, 1) == 1.0);
   EXPECT_FALSE(CGLPoint(1, 1, 1) != 1.0);
   EXPECT_FALSE(CGLPoint(1, 1, 2) == 1.0);
@@ -147,13 +155,13 @@ TEST(CGLPoint, EqualsDoubleOnlyWhenAllThreeEqualIt) {
   EXPECT_TRUE(CGLPoint(1, 2, 1) != 1.0);
 }
 
-TEST(CGLPoint, PointEqualityIsExact) {
+TEST(Point, PointEqualityIsExact) {
   EXPECT_TRUE(CGLPoint(1, 2, 3) == CGLPoint(1, 2, 3));
   EXPECT_FALSE(CGLPoint(1, 2, 3) == CGLPoint(1, 2, std::nextafter(3.0, 4.0)));
   EXPECT_TRUE(CGLPoint(1, 2, 3) != CGLPoint(1, 2, 4));
 }
 
-TEST(CGLPoint, NaNComponentIsNeverEqual) {
+TEST(Point, NaNComponentIsNeverEqual) {
   const CGLPoint p(kNaN, 1, 1);
   EXPECT_FALSE(p == p);
   EXPECT_TRUE(p != p);
@@ -201,9 +209,9 @@ void PrintTo(const SynonymCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class TranslateSynonymTest : public ::testing::TestWithParam<SynonymCase> {};
+class PointTranslateSynonym : public ::testing::TestWithParam<SynonymCase> {};
 
-TEST_P(TranslateSynonymTest, GoesThroughTheVirtualMoveMember) {
+TEST_P(PointTranslateSynonym, GoesThroughTheVirtualMoveMember) {
   RecordingPoint p;
   EXPECT_EQ(GetParam().call(p), 7);
   ASSERT_EQ(p.calls.size(), 1u);
@@ -211,7 +219,7 @@ TEST_P(TranslateSynonymTest, GoesThroughTheVirtualMoveMember) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Synonyms, TranslateSynonymTest,
+    Synonyms, PointTranslateSynonym,
     ::testing::Values(
         SynonymCase{"Translate3", [](CGLPoint& p) { return p.Translate(1, 2, 3); }, "Move3"},
         SynonymCase{"TranslateP", [](CGLPoint& p) { return p.Translate(CGLPoint()); }, "MoveP"},
@@ -224,9 +232,9 @@ INSTANTIATE_TEST_SUITE_P(
         SynonymCase{"TranslateXTo", [](CGLPoint& p) { return p.TranslateXTo(1); }, "MoveXTo"},
         SynonymCase{"TranslateYTo", [](CGLPoint& p) { return p.TranslateYTo(1); }, "MoveYTo"},
         SynonymCase{"TranslateZTo", [](CGLPoint& p) { return p.TranslateZTo(1); }, "MoveZTo"}),
-    [](const ::testing::TestParamInfo<SynonymCase>& info) { return info.param.name; });
+    ParamName());
 
-TEST(CGLPoint, TranslateGettersGoThroughTheVirtualMoveGetters) {
+TEST(Point, TranslateGettersGoThroughTheVirtualMoveGetters) {
   RecordingPoint p;
   EXPECT_EQ(p.TranslateXGet(), 10.0);
   EXPECT_EQ(p.TranslateYGet(), 20.0);
@@ -235,7 +243,7 @@ TEST(CGLPoint, TranslateGettersGoThroughTheVirtualMoveGetters) {
   EXPECT_EQ(p.gets, 1);
 }
 
-TEST(CGLPointAbi, VirtualTableOrderIsDestructorThenMovesThenTranslates) {
+TEST(PointAbi, VirtualTableOrderIsDestructorThenMovesThenTranslates) {
   using P = CGLPoint;
   // The destructor takes two slots (complete and deleting).
   EXPECT_EQ(VtableSlot(static_cast<long (P::*)(double, double, double)>(&P::Move)), 2);
@@ -269,8 +277,40 @@ TEST(CGLPointAbi, VirtualTableOrderIsDestructorThenMovesThenTranslates) {
   EXPECT_EQ(VtableSlot(&P::X), -1);
 }
 
-TEST(CGLPointLayout, VirtualTablePointerThenThreeDoubles) {
+TEST(PointLayout, VirtualTablePointerThenThreeDoubles) {
   static_assert(sizeof(CGLPoint) == sizeof(void*) + 3 * sizeof(double), "vptr + x, y, z");
+}
+
+// ---------------------------------------------------------------- GL calls
+
+class PointGL : public RecordedTest {};
+
+TEST_F(PointGL, GLTranslateAndGLScaleSendSinglePrecision) {
+  const CGLPoint p(1.0 / 3.0, -2.5, 1e-3);
+  EXPECT_EQ(p.GLTranslate(), 1);
+  EXPECT_EQ(p.GLScale(), 1);
+  const float x = static_cast<float>(1.0 / 3.0);
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                           line("glTranslatef", x, -2.5f, 1e-3f),
+                                           line("glScalef", x, -2.5f, 1e-3f),
+                                       }));
+}
+
+TEST_F(PointGL, GLRotateTurnsAboutXThenYThenZInDegrees) {
+  const CGLPoint p(90.0, 0.0, 0.0);
+  EXPECT_EQ(p.GLRotate(), 1);
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                           "glRotatef(90, 1, 0, 0)",
+                                           "glRotatef(0, 0, 1, 0)",
+                                           "glRotatef(0, 0, 0, 1)",
+                                       }));
+  glrecorder::recorder().clearCalls();
+  CGLPoint(10.0, 20.0, 30.0).GLRotate();
+  EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
+                                           "glRotatef(10, 1, 0, 0)",
+                                           "glRotatef(20, 0, 1, 0)",
+                                           "glRotatef(30, 0, 0, 1)",
+                                       }));
 }
 
 }  // namespace

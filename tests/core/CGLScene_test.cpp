@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -13,47 +14,20 @@
 #include <vector>
 
 #include "core/CGLShapeMap.h"
+#include "core_expect.h"
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
+#include "oracle/SceneOrder.h"
 #include "recorded/RecordedTest.h"
 
 namespace {
 
 using Log = std::vector<const CGLObject*>;
 
-// The scene's bucket of a shape, worked out here rather than taken from the
-// library: Park-Miller step on the address's low 32 bits read as signed.
-std::uint32_t BucketOf(const void* p) {
-  const auto bits = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(p));
-  const std::int64_t v = bits >= 0x80000000u ? static_cast<std::int64_t>(bits) - 0x100000000LL
-                                             : static_cast<std::int64_t>(bits);
-  const std::int64_t q = v / 127773;  // truncates toward zero
-  const std::int64_t r = v - q * 127773;
-  std::int64_t h = 16807 * r - 2836 * q;
-  if (h < 0) {
-    h += 2147483647;
-  }
-  return static_cast<std::uint32_t>(h) % 512u;
-}
-
-// Buckets in ascending order, and within a bucket the newest shape first.
+// The scene's visiting order of the shapes, given in the order they were added.
 Log ExpectedOrder(const Log& added) {
-  std::vector<std::pair<std::uint32_t, std::size_t>> keys;
-  for (std::size_t i = 0; i < added.size(); ++i) {
-    keys.emplace_back(BucketOf(added[i]), added.size() - i);
-  }
-  std::vector<std::size_t> idx(added.size());
-  for (std::size_t i = 0; i < idx.size(); ++i) {
-    idx[i] = i;
-  }
-  std::sort(idx.begin(), idx.end(),
-            [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
-  Log order;
-  for (std::size_t i : idx) {
-    order.push_back(added[i]);
-  }
-  return order;
+  return SceneVisitingOrder(added);
 }
 
 // A logging shape placed at an address of the test's choosing, so that
@@ -83,11 +57,23 @@ ArenaShape* NewAt(void* where, Log* drawn, Log* deleted = nullptr) {
   return new ArenaShape(drawn, deleted);
 }
 
+// Three shapes at the given slots, added to the scene in that order.
+std::array<ArenaShape*, 3> AddedAt(const std::vector<void*>& slots, CGLScene* scene, Log* drawn) {
+  std::array<ArenaShape*, 3> shapes{};
+  for (std::size_t i = 0; i < shapes.size(); ++i) {
+    shapes[i] = NewAt(slots[i], drawn);
+  }
+  for (ArenaShape* p : shapes) {
+    scene->AddGLShape(p);
+  }
+  return shapes;
+}
+
 // Arena slots grouped by the bucket they hash to.
 std::map<std::uint32_t, std::vector<void*>> SlotsByBucket() {
   std::map<std::uint32_t, std::vector<void*>> m;
   for (std::size_t i = 0; i < ArenaShape::kSlots; ++i) {
-    m[BucketOf(ArenaShape::Slot(i))].push_back(ArenaShape::Slot(i));
+    m[SceneBucket(ArenaShape::Slot(i))].push_back(ArenaShape::Slot(i));
   }
   return m;
 }
@@ -102,11 +88,11 @@ std::vector<void*> ThreeSlotsInOneBucket() {
   return {};
 }
 
-class CGLSceneTest : public RecordedTest {};
+class Scene : public RecordedTest {};
 
 // ---------------------------------------------------------------- basics
 
-TEST_F(CGLSceneTest, NewSceneDrawsNothingAndDeletesNothing) {
+TEST_F(Scene, NewSceneDrawsNothingAndDeletesNothing) {
   CGLScene scene;
   ObjectProbe stranger;
   EXPECT_EQ(scene.DeleteGLShape(&stranger), 0);
@@ -116,7 +102,7 @@ TEST_F(CGLSceneTest, NewSceneDrawsNothingAndDeletesNothing) {
   EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
-TEST_F(CGLSceneTest, AddGLShapeAlwaysReturnsOne) {
+TEST_F(Scene, AddGLShapeAlwaysReturnsOne) {
   CGLScene scene;
   Log drawn;
   auto* p = new LoggingShape(&drawn);
@@ -126,7 +112,7 @@ TEST_F(CGLSceneTest, AddGLShapeAlwaysReturnsOne) {
   scene.DeleteGLShape(nullptr);
 }
 
-TEST_F(CGLSceneTest, AddingTwiceAndDeletingOnceDeletesTheShapeOnce) {
+TEST_F(Scene, AddingTwiceAndDeletingOnceDeletesTheShapeOnce) {
   int deaths = 0;
   CGLScene scene;
   auto* p = new CountedShape(&deaths);
@@ -139,7 +125,7 @@ TEST_F(CGLSceneTest, AddingTwiceAndDeletingOnceDeletesTheShapeOnce) {
   EXPECT_TRUE(glrecorder::recorder().log().empty());
 }
 
-TEST_F(CGLSceneTest, DeletingAnUnknownShapeLeavesItAlive) {
+TEST_F(Scene, DeletingAnUnknownShapeLeavesItAlive) {
   int deaths = 0;
   CGLScene scene;
   CountedShape outside(&deaths);
@@ -147,7 +133,7 @@ TEST_F(CGLSceneTest, DeletingAnUnknownShapeLeavesItAlive) {
   EXPECT_EQ(deaths, 0);
 }
 
-TEST_F(CGLSceneTest, DeletedShapeIsGoneFromLaterVisits) {
+TEST_F(Scene, DeletedShapeIsGoneFromLaterVisits) {
   Log drawn;
   CGLScene scene;
   auto* a = new LoggingShape(&drawn);
@@ -162,7 +148,7 @@ TEST_F(CGLSceneTest, DeletedShapeIsGoneFromLaterVisits) {
 
 // ---------------------------------------------------------------- show / select
 
-TEST_F(CGLSceneTest, ShowGLShapeHidesAShapeInTheScene) {
+TEST_F(Scene, ShowGLShapeHidesAShapeInTheScene) {
   CGLScene scene;
   auto* p = new QuadShape;
   scene.AddGLShape(p);
@@ -175,7 +161,7 @@ TEST_F(CGLSceneTest, ShowGLShapeHidesAShapeInTheScene) {
   EXPECT_EQ(p->IsVisible(), 1);
 }
 
-TEST_F(CGLSceneTest, ShowGLShapeLeavesAShapeOutsideTheSceneUntouched) {
+TEST_F(Scene, ShowGLShapeLeavesAShapeOutsideTheSceneUntouched) {
   CGLScene scene;
   QuadShape outside;
   scene.ShowGLShape(&outside, 0);
@@ -185,7 +171,7 @@ TEST_F(CGLSceneTest, ShowGLShapeLeavesAShapeOutsideTheSceneUntouched) {
   EXPECT_EQ(outside.IsVisible(), 0);
 }
 
-TEST_F(CGLSceneTest, SelectGLShapeSelectsOnlyShapesInTheScene) {
+TEST_F(Scene, SelectGLShapeSelectsOnlyShapesInTheScene) {
   CGLScene scene;
   auto* p = new ObjectProbe;
   scene.AddGLShape(p);
@@ -198,7 +184,7 @@ TEST_F(CGLSceneTest, SelectGLShapeSelectsOnlyShapesInTheScene) {
   EXPECT_EQ(outside.IsSelected(), 0);
 }
 
-TEST_F(CGLSceneTest, ShowGLShapesZeroSilencesTheWholeScene) {
+TEST_F(Scene, ShowGLShapesZeroSilencesTheWholeScene) {
   CGLScene scene;
   auto* p = new QuadShape;
   scene.AddGLShape(p);
@@ -216,7 +202,7 @@ class SceneProbe : public CGLScene {
   using CGLScene::m_bShowShapes;
 };
 
-TEST_F(CGLSceneTest, ShowGLShapesStoresTheIntUnchanged) {
+TEST_F(Scene, ShowGLShapesStoresTheIntUnchanged) {
   SceneProbe scene;
   EXPECT_EQ(scene.m_bShowShapes, 1);
   scene.ShowGLShapes(2);
@@ -229,7 +215,7 @@ TEST_F(CGLSceneTest, ShowGLShapesStoresTheIntUnchanged) {
 
 // ---------------------------------------------------------------- ownership
 
-TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {
+TEST_F(Scene, ResetGLShapesDeletesAllAndEmptiesTheScene) {
   int deaths = 0;
   CGLScene scene;
   for (int i = 0; i < 3; ++i) {
@@ -245,7 +231,7 @@ TEST_F(CGLSceneTest, ResetGLShapesDeletesAllAndEmptiesTheScene) {
   EXPECT_EQ(glrecorder::recorder().count("glPushMatrix"), 1u);
 }
 
-TEST_F(CGLSceneTest, DestroyingTheSceneDeletesItsShapes) {
+TEST_F(Scene, DestroyingTheSceneDeletesItsShapes) {
   int deaths = 0;
   {
     CGLScene scene;
@@ -255,7 +241,7 @@ TEST_F(CGLSceneTest, DestroyingTheSceneDeletesItsShapes) {
   EXPECT_EQ(deaths, 2);
 }
 
-TEST_F(CGLSceneTest, NullShapeIsStoredAndSkippedByReset) {
+TEST_F(Scene, NullShapeIsStoredAndSkippedByReset) {
   int deaths = 0;
   CGLScene scene;
   scene.AddGLShape(nullptr);
@@ -267,7 +253,7 @@ TEST_F(CGLSceneTest, NullShapeIsStoredAndSkippedByReset) {
   EXPECT_EQ(scene.DeleteGLShape(nullptr), 0);
 }
 
-TEST_F(CGLSceneTest, NullShapeIsSkippedByEveryPass) {
+TEST_F(Scene, NullShapeIsSkippedByEveryPass) {
   Log drawn;
   Log deleted;
   auto* a = new LoggingShape(&drawn, &deleted);
@@ -308,7 +294,7 @@ TEST_F(CGLSceneTest, NullShapeIsSkippedByEveryPass) {
   EXPECT_EQ(deleted, both);
 }
 
-TEST_F(CGLSceneTest, NullShapeDoesNotChangeWhatRealShapesDraw) {
+TEST_F(Scene, NullShapeDoesNotChangeWhatRealShapesDraw) {
   auto draw = [](bool withNull) {
     glrecorder::recorder().reset();
     CGLScene scene;
@@ -323,14 +309,12 @@ TEST_F(CGLSceneTest, NullShapeDoesNotChangeWhatRealShapesDraw) {
     scene.DrawGLShapes();
     return glrecorder::recorder().log();
   };
-  const std::vector<std::string> plain = draw(false);
-  EXPECT_FALSE(plain.empty());
-  EXPECT_EQ(draw(true), plain);
+  ExpectNullChangesNothing(draw);
 }
 
 // ---------------------------------------------------------------- matrices
 
-TEST_F(CGLSceneTest, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
+TEST_F(Scene, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
   CGLScene scene;
   auto* a = new ObjectProbe;
   auto* b = new ObjectProbe;
@@ -357,7 +341,7 @@ TEST_F(CGLSceneTest, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
 
 // ---------------------------------------------------------------- order
 
-TEST_F(CGLSceneTest, VisitingOrderFollowsTheHashForManyShapes) {
+TEST_F(Scene, VisitingOrderFollowsTheHashForManyShapes) {
   Log drawn;
   Log deleted;
   Log added;
@@ -383,7 +367,7 @@ TEST_F(CGLSceneTest, VisitingOrderFollowsTheHashForManyShapes) {
   EXPECT_EQ(deleted, expected);
 }
 
-TEST_F(CGLSceneTest, OrderIsNotChangedByDeletingAndAddingOthers) {
+TEST_F(Scene, OrderIsNotChangedByDeletingAndAddingOthers) {
   Log drawn;
   Log added;
   CGLScene scene;
@@ -404,54 +388,39 @@ TEST_F(CGLSceneTest, OrderIsNotChangedByDeletingAndAddingOthers) {
   EXPECT_EQ(drawn, ExpectedOrder(added));
 }
 
-TEST_F(CGLSceneTest, WithinABucketTheNewestShapeComesFirst) {
+TEST_F(Scene, WithinABucketTheNewestShapeComesFirst) {
   const std::vector<void*> slots = ThreeSlotsInOneBucket();
   ASSERT_EQ(slots.size(), 3u);
   Log drawn;
   CGLScene scene;
-  ArenaShape* a = NewAt(slots[0], &drawn);
-  ArenaShape* b = NewAt(slots[1], &drawn);
-  ArenaShape* c = NewAt(slots[2], &drawn);
-  scene.AddGLShape(a);
-  scene.AddGLShape(b);
-  scene.AddGLShape(c);
+  const auto [a, b, c] = AddedAt(slots, &scene, &drawn);
   scene.DrawGLShapes();
   EXPECT_EQ(drawn, (Log{c, b, a}));
 }
 
-TEST_F(CGLSceneTest, AddingAgainKeepsTheShapesPlaceInItsBucket) {
+TEST_F(Scene, AddingAgainKeepsTheShapesPlaceInItsBucket) {
   const std::vector<void*> slots = ThreeSlotsInOneBucket();
   ASSERT_EQ(slots.size(), 3u);
   Log drawn;
   CGLScene scene;
-  ArenaShape* a = NewAt(slots[0], &drawn);
-  ArenaShape* b = NewAt(slots[1], &drawn);
-  ArenaShape* c = NewAt(slots[2], &drawn);
-  scene.AddGLShape(a);
-  scene.AddGLShape(b);
-  scene.AddGLShape(c);
+  const auto [a, b, c] = AddedAt(slots, &scene, &drawn);
   scene.AddGLShape(a);
   scene.DrawGLShapes();
   EXPECT_EQ(drawn, (Log{c, b, a}));  // not moved to the head
 }
 
-TEST_F(CGLSceneTest, DeletingFromTheMiddleOfABucketKeepsTheRest) {
+TEST_F(Scene, DeletingFromTheMiddleOfABucketKeepsTheRest) {
   const std::vector<void*> slots = ThreeSlotsInOneBucket();
   ASSERT_EQ(slots.size(), 3u);
   Log drawn;
   CGLScene scene;
-  ArenaShape* a = NewAt(slots[0], &drawn);
-  ArenaShape* b = NewAt(slots[1], &drawn);
-  ArenaShape* c = NewAt(slots[2], &drawn);
-  scene.AddGLShape(a);
-  scene.AddGLShape(b);
-  scene.AddGLShape(c);
+  const auto [a, b, c] = AddedAt(slots, &scene, &drawn);
   EXPECT_EQ(scene.DeleteGLShape(b), 1);
   scene.DrawGLShapes();
   EXPECT_EQ(drawn, (Log{c, a}));
 }
 
-TEST_F(CGLSceneTest, BucketsAreVisitedInAscendingOrderWhateverTheAdditionOrder) {
+TEST_F(Scene, BucketsAreVisitedInAscendingOrderWhateverTheAdditionOrder) {
   auto byBucket = SlotsByBucket();
   ASSERT_GE(byBucket.size(), 3u);
   auto it = byBucket.begin();
@@ -471,7 +440,7 @@ TEST_F(CGLSceneTest, BucketsAreVisitedInAscendingOrderWhateverTheAdditionOrder) 
   EXPECT_EQ(drawn, (Log{l, m, h}));
 }
 
-TEST_F(CGLSceneTest, DeletingTenThousandInRandomOrderKeepsOrderAndOwnership) {
+TEST_F(Scene, DeletingTenThousandInRandomOrderKeepsOrderAndOwnership) {
   constexpr std::size_t kShapes = 10000;
   Log drawn;
   Log deleted;
@@ -515,7 +484,7 @@ TEST_F(CGLSceneTest, DeletingTenThousandInRandomOrderKeepsOrderAndOwnership) {
 
 // ---------------------------------------------------------------- drawing
 
-TEST_F(CGLSceneTest, DrawGLShapesIssuesNothingOfItsOwn) {
+TEST_F(Scene, DrawGLShapesIssuesNothingOfItsOwn) {
   CGLScene scene;
   auto* p = new ObjectProbe;  // a bare object: push, multiply, material, pop
   scene.AddGLShape(p);
@@ -525,7 +494,7 @@ TEST_F(CGLSceneTest, DrawGLShapesIssuesNothingOfItsOwn) {
                                      ::testing::StartsWith("glMaterialfv("), "glPopMatrix()"));
 }
 
-TEST_F(CGLSceneTest, HiddenShapesAreSkippedByTheirOwnDraw) {
+TEST_F(Scene, HiddenShapesAreSkippedByTheirOwnDraw) {
   CGLScene scene;
   auto* shown = new QuadShape;
   auto* hidden = new QuadShape;

@@ -28,16 +28,16 @@ void PrintTo(const HashCase& c, std::ostream* os) {
   *os << "key 0x" << std::hex << c.key;
 }
 
-class ShapeMapHashTest : public ::testing::TestWithParam<HashCase> {};
+class ShapeMapHash : public ::testing::TestWithParam<HashCase> {};
 
-TEST_P(ShapeMapHashTest, IsAParkMillerStepOnTheLow32BitsReadAsSigned) {
+TEST_P(ShapeMapHash, IsAParkMillerStepOnTheLow32BitsReadAsSigned) {
   EXPECT_EQ(CGLShapeMap::Hash(GetParam().key), GetParam().hash);
 }
 
 // Worked by hand: v = low 32 bits as int32, q = v / 127773, r = v % 127773,
 // h = 16807 r - 2836 q, plus 2147483647 when negative.
 INSTANTIATE_TEST_SUITE_P(
-    Keys, ShapeMapHashTest,
+    Keys, ShapeMapHash,
     ::testing::Values(HashCase{0x0, 0u}, HashCase{0x1, 16807u},
                       HashCase{127773, 2147480811u},         // q 1, r 0: -2836 wraps
                       HashCase{127774, 16807u - 2836u},      // q 1, r 1
@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
                       HashCase{0x100000001ull, 16807u},      // high bits ignored
                       HashCase{0xDEADBEEF00000001ull, 16807u}));
 
-TEST(CGLShapeMap, NewMapIsEmptyWithoutBlocks) {
+TEST(ShapeMap, NewMapIsEmptyWithoutBlocks) {
   CGLShapeMap map;
   EXPECT_TRUE(map.IsEmpty());
   EXPECT_EQ(map.GetCount(), 0u);
@@ -59,7 +59,7 @@ TEST(CGLShapeMap, NewMapIsEmptyWithoutBlocks) {
   EXPECT_EQ(visits, 0);
 }
 
-TEST(CGLShapeMap, SetAtThenLookupFindsTheValue) {
+TEST(ShapeMap, SetAtThenLookupFindsTheValue) {
   CGLShapeMap map;
   map.SetAt(0x1000, Fake(0x1000));
   map.SetAt(0x2000, Fake(0x2000));
@@ -70,7 +70,7 @@ TEST(CGLShapeMap, SetAtThenLookupFindsTheValue) {
   EXPECT_EQ(map.GetCount(), 2u);
 }
 
-TEST(CGLShapeMap, SameKeyIsStoredOnce) {
+TEST(ShapeMap, SameKeyIsStoredOnce) {
   CGLShapeMap map;
   map.SetAt(0x1000, Fake(0x1000));
   map.SetAt(0x1000, Fake(0x5000));
@@ -78,7 +78,7 @@ TEST(CGLShapeMap, SameKeyIsStoredOnce) {
   EXPECT_EQ(*map.Lookup(0x1000), Fake(0x5000));
 }
 
-TEST(CGLShapeMap, KeysWithEqualLowBitsAreStillDistinct) {
+TEST(ShapeMap, KeysWithEqualLowBitsAreStillDistinct) {
   // Same hash, same bucket: the look-up must compare the whole key.
   CGLShapeMap map;
   map.SetAt(0x1000, Fake(1));
@@ -94,7 +94,7 @@ TEST(CGLShapeMap, KeysWithEqualLowBitsAreStillDistinct) {
   EXPECT_EQ(*map.Lookup(0x100001000ull), Fake(2));
 }
 
-TEST(CGLShapeMap, EntriesComeFromBlocksOfTen) {
+TEST(ShapeMap, EntriesComeFromBlocksOfTen) {
   CGLShapeMap map;
   for (std::uintptr_t k = 1; k <= 10; ++k) {
     map.SetAt(k * 16, Fake(k));
@@ -104,7 +104,7 @@ TEST(CGLShapeMap, EntriesComeFromBlocksOfTen) {
   EXPECT_EQ(map.GetBlockCount(), 2u);
 }
 
-TEST(CGLShapeMap, RemovedEntriesAreReusedBeforeANewBlock) {
+TEST(ShapeMap, RemovedEntriesAreReusedBeforeANewBlock) {
   CGLShapeMap map;
   for (std::uintptr_t k = 1; k <= 10; ++k) {
     map.SetAt(k * 16, Fake(k));
@@ -117,7 +117,7 @@ TEST(CGLShapeMap, RemovedEntriesAreReusedBeforeANewBlock) {
   EXPECT_EQ(map.GetCount(), 10u);
 }
 
-TEST(CGLShapeMap, RemoveAllForgetsEntriesAndBlocks) {
+TEST(ShapeMap, RemoveAllForgetsEntriesAndBlocks) {
   CGLShapeMap map;
   for (std::uintptr_t k = 1; k <= 25; ++k) {
     map.SetAt(k * 16, Fake(k));
@@ -130,7 +130,7 @@ TEST(CGLShapeMap, RemoveAllForgetsEntriesAndBlocks) {
   EXPECT_EQ(map.GetCount(), 1u);
 }
 
-TEST(CGLShapeMap, NullValueIsStoredAndVisited) {
+TEST(ShapeMap, NullValueIsStoredAndVisited) {
   CGLShapeMap map;
   map.SetAt(0, nullptr);
   ASSERT_NE(map.Lookup(0), nullptr);
@@ -209,7 +209,7 @@ std::vector<std::uint64_t> KeyPool(std::size_t n) {
   return keys;
 }
 
-TEST(CGLShapeMap, RandomAddsAndRemovesVisitLikeThePlainChains) {
+TEST(ShapeMap, RandomAddsAndRemovesVisitLikeThePlainChains) {
   const std::vector<std::uint64_t> keys = KeyPool(3000);
   std::mt19937 rng(20240611);
   std::uniform_int_distribution<std::size_t> pick(0, keys.size() - 1);
@@ -243,7 +243,7 @@ TEST(CGLShapeMap, RandomAddsAndRemovesVisitLikeThePlainChains) {
   }
 }
 
-TEST(CGLShapeMap, RemovingTenThousandInRandomOrderKeepsTheRestIntact) {
+TEST(ShapeMap, RemovingTenThousandInRandomOrderKeepsTheRestIntact) {
   constexpr std::size_t kKeys = 10000;
   const std::vector<std::uint64_t> keys = KeyPool(kKeys);
   CGLShapeMap map;
@@ -286,7 +286,7 @@ TEST(CGLShapeMap, RemovingTenThousandInRandomOrderKeepsTheRestIntact) {
   EXPECT_EQ(map.GetIndexCapacity(), capacity);
 }
 
-TEST(CGLShapeMap, IndexIsAtMostHalfFullAndGoneAfterRemoveAll) {
+TEST(ShapeMap, IndexIsAtMostHalfFullAndGoneAfterRemoveAll) {
   CGLShapeMap map;
   EXPECT_EQ(map.GetIndexCapacity(), 0u);
   for (std::uintptr_t k = 1; k <= 1000; ++k) {

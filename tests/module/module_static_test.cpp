@@ -21,7 +21,7 @@ extern "C" __attribute__((visibility("default"))) void lumagrid_host_unregister(
 
 namespace {
 
-TEST(StaticModule, NothingHappensUntilTheHostStartsIt) {
+TEST(ModuleStatic, NothingHappensUntilTheHostStartsIt) {
   EXPECT_EQ(g_registerCalls, 0);
   EXPECT_EQ(lumagrid_module_registered(), 0);
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -16,11 +17,20 @@ std::string g_library;
 std::string g_hostWithHooks;
 std::string g_hostWithoutHooks;
 
+// What a host run gave: its exit status and everything it wrote.
 struct Outcome {
   int status = -1;
   std::string out;
   std::string err;
 };
+
+bool operator==(const Outcome& a, const Outcome& b) {
+  return a.status == b.status && a.out == b.out && a.err == b.err;
+}
+
+std::ostream& operator<<(std::ostream& os, const Outcome& o) {
+  return os << "status " << o.status << ", stdout \"" << o.out << "\", stderr \"" << o.err << "\"";
+}
 
 std::string drain(int fd) {
   std::string text;
@@ -72,30 +82,27 @@ Outcome run(const std::string& host, const char* mode) {
 }
 
 TEST(ModuleLoad, WithoutAHookLoadsSilentlyAndCountsAsRegistered) {
-  const Outcome o = run(g_hostWithoutHooks, "none");
-  EXPECT_EQ(o.status, 0);
-  EXPECT_EQ(o.out,
-            "registered=1 length=13 register_calls=0 unregister_calls=0\n"
-            "after unload unregister_calls=0\n");
-  EXPECT_EQ(o.err, "");
+  EXPECT_EQ(run(g_hostWithoutHooks, "none"),
+            (Outcome{0,
+                     "registered=1 length=13 register_calls=0 unregister_calls=0\n"
+                     "after unload unregister_calls=0\n",
+                     ""}));
 }
 
 TEST(ModuleLoad, AcceptingHookRegistersAtLoadAndUnregistersAtUnload) {
-  const Outcome o = run(g_hostWithHooks, "accept");
-  EXPECT_EQ(o.status, 0);
-  EXPECT_EQ(o.out,
-            "registered=1 length=13 register_calls=1 unregister_calls=0\n"
-            "after unload unregister_calls=1\n");
-  EXPECT_EQ(o.err, "");
+  EXPECT_EQ(run(g_hostWithHooks, "accept"),
+            (Outcome{0,
+                     "registered=1 length=13 register_calls=1 unregister_calls=0\n"
+                     "after unload unregister_calls=1\n",
+                     ""}));
 }
 
 TEST(ModuleLoad, RefusingHookGetsTheOneMessageAndTheMathStillWorks) {
-  const Outcome o = run(g_hostWithHooks, "refuse");
-  EXPECT_EQ(o.status, 0);
-  EXPECT_EQ(o.out,
-            "registered=0 length=13 register_calls=1 unregister_calls=0\n"
-            "after unload unregister_calls=0\n");
-  EXPECT_EQ(o.err, "Lumagrid.dll : initialisation impossible.\n");
+  EXPECT_EQ(run(g_hostWithHooks, "refuse"),
+            (Outcome{0,
+                     "registered=0 length=13 register_calls=1 unregister_calls=0\n"
+                     "after unload unregister_calls=0\n",
+                     "Lumagrid.dll : initialisation impossible.\n"}));
 }
 
 TEST(ModuleLoad, MessageIsExactlyTheseBytes) {
@@ -108,16 +115,15 @@ TEST(ModuleLoad, MessageIsExactlyTheseBytes) {
 }
 
 TEST(ModuleLoad, LoadsAndUnloadsThreeTimesInOneProcess) {
-  const Outcome o = run(g_hostWithHooks, "cycles");
-  EXPECT_EQ(o.status, 0);
-  EXPECT_EQ(o.out,
-            "registered=1 length=13 register_calls=1 unregister_calls=0\n"
-            "after unload unregister_calls=1\n"
-            "registered=1 length=13 register_calls=2 unregister_calls=1\n"
-            "after unload unregister_calls=2\n"
-            "registered=1 length=13 register_calls=3 unregister_calls=2\n"
-            "after unload unregister_calls=3\n");
-  EXPECT_EQ(o.err, "");
+  EXPECT_EQ(run(g_hostWithHooks, "cycles"),
+            (Outcome{0,
+                     "registered=1 length=13 register_calls=1 unregister_calls=0\n"
+                     "after unload unregister_calls=1\n"
+                     "registered=1 length=13 register_calls=2 unregister_calls=1\n"
+                     "after unload unregister_calls=2\n"
+                     "registered=1 length=13 register_calls=3 unregister_calls=2\n"
+                     "after unload unregister_calls=3\n",
+                     ""}));
 }
 
 }  // namespace

@@ -50,6 +50,13 @@ void expectTangentAt(const BeltPoint& p, const BeltPoint& q, double cx, double r
   EXPECT_NEAR(dot, 0.0, 1e-12);
 }
 
+// The outline is one straight segment, from `from` to `to`.
+void expectSegment(const std::vector<BeltPoint>& pts, const Expected& from, const Expected& to) {
+  ASSERT_EQ(pts.size(), 2u);
+  EXPECT_TRUE(near(pts[0], from));
+  EXPECT_TRUE(near(pts[1], to));
+}
+
 // Arc points a0 + i * sweep / k, i = 0 .. k, with k as the belt counts it.
 void expectArc(const std::vector<BeltPoint>& pts, std::size_t first, double cx, double r, double a0,
                double sweep, int k) {
@@ -191,9 +198,7 @@ constexpr double kR1 = 1.0, kR2 = 0.5, kE = 4.0;
 TEST(BeltOutline, CodeOneIsTheUpperOuterTangentBEndFirst) {
   const std::vector<BeltPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 1);
   const double theta = std::acos((kR1 - kR2) / kE);
-  ASSERT_EQ(pts.size(), 2u);
-  EXPECT_TRUE(near(pts[0], onCircle(kE, kR2, theta)));
-  EXPECT_TRUE(near(pts[1], onCircle(0.0, kR1, theta)));
+  expectSegment(pts, onCircle(kE, kR2, theta), onCircle(0.0, kR1, theta));
   expectTangentAt(pts[1], pts[0], 0.0, kR1);
   expectTangentAt(pts[0], pts[1], kE, kR2);
 }
@@ -201,25 +206,19 @@ TEST(BeltOutline, CodeOneIsTheUpperOuterTangentBEndFirst) {
 TEST(BeltOutline, CodeEightIsTheLowerOuterTangent) {
   const std::vector<BeltPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 8);
   const double theta = std::acos((kR1 - kR2) / kE);
-  ASSERT_EQ(pts.size(), 2u);
-  EXPECT_TRUE(near(pts[0], onCircle(kE, kR2, -theta)));
-  EXPECT_TRUE(near(pts[1], onCircle(0.0, kR1, -theta)));
+  expectSegment(pts, onCircle(kE, kR2, -theta), onCircle(0.0, kR1, -theta));
 }
 
 TEST(BeltOutline, CodesTwoAndFourAreTheCrossedTangents) {
   // A crossed tangent touches A at +-phi and B at pi -+ phi, cos phi = (R + r) / d.
   const double phi = std::acos((kR1 + kR2) / kE);
   const std::vector<BeltPoint> two = BuildBeltOutline(kR1, kR2, kE, 20, 2);
-  ASSERT_EQ(two.size(), 2u);
-  EXPECT_TRUE(near(two[0], onCircle(kE, kR2, -(kPi - phi))));
-  EXPECT_TRUE(near(two[1], onCircle(0.0, kR1, phi)));
+  expectSegment(two, onCircle(kE, kR2, -(kPi - phi)), onCircle(0.0, kR1, phi));
   expectTangentAt(two[1], two[0], 0.0, kR1);
   expectTangentAt(two[0], two[1], kE, kR2);
 
   const std::vector<BeltPoint> four = BuildBeltOutline(kR1, kR2, kE, 20, 4);
-  ASSERT_EQ(four.size(), 2u);
-  EXPECT_TRUE(near(four[0], onCircle(kE, kR2, kPi - phi)));
-  EXPECT_TRUE(near(four[1], onCircle(0.0, kR1, -phi)));
+  expectSegment(four, onCircle(kE, kR2, kPi - phi), onCircle(0.0, kR1, -phi));
   expectTangentAt(four[1], four[0], 0.0, kR1);
 }
 
@@ -252,9 +251,7 @@ TEST(BeltOutline, TouchingPulleysGiveTheCrossProductPoint) {
 
 TEST(BeltOutline, TouchingPulleysKeepTheOuterTangents) {
   const std::vector<BeltPoint> one = BuildBeltOutline(1.0, 1.0, 2.0, 20, 1);
-  ASSERT_EQ(one.size(), 2u);
-  EXPECT_TRUE(near(one[0], {2.0, 1.0}));
-  EXPECT_TRUE(near(one[1], {0.0, 1.0}));
+  expectSegment(one, {2.0, 1.0}, {0.0, 1.0});
 }
 
 TEST(BeltOutline, TouchingWithBTheLargerRunsFromTheCrossPointToTheTouch) {
@@ -262,9 +259,7 @@ TEST(BeltOutline, TouchingWithBTheLargerRunsFromTheCrossPointToTheTouch) {
   // cross product (R u) x z = (0, 2, 0); the segment is turned to run from
   // the small circle's side, so B's end (the touch point) comes first.
   const std::vector<BeltPoint> pts = BuildBeltOutline(1.0, 2.0, 3.0, 20, 2);
-  ASSERT_EQ(pts.size(), 2u);
-  EXPECT_TRUE(near(pts[0], {1.0, 0.0}));
-  EXPECT_TRUE(near(pts[1], {0.0, 2.0}));
+  expectSegment(pts, {1.0, 0.0}, {0.0, 2.0});
 }
 
 TEST(BeltOutline, OverlappingPulleysHaveNoCrossedTangent) {
@@ -287,9 +282,7 @@ TEST(BeltOutline, SwappedPulleysRunEachSegmentFromAToB) {
   const double r1 = 0.5, r2 = 1.0, e = 4.0;
   const double theta = std::acos((r2 - r1) / e);
   const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 20, 1);
-  ASSERT_EQ(pts.size(), 2u);
-  EXPECT_TRUE(near(pts[0], onCircle(e, r2, kPi + theta)));
-  EXPECT_TRUE(near(pts[1], onCircle(0.0, r1, kPi + theta)));
+  expectSegment(pts, onCircle(e, r2, kPi + theta), onCircle(0.0, r1, kPi + theta));
 }
 
 TEST(BeltOutline, TypeCodesMapOneTwoFourEightBackwards) {
@@ -307,9 +300,7 @@ TEST(BeltOutline, TypeCodesMapOneTwoFourEightBackwards) {
 TEST(BeltOutline, ZeroRadiiStopAfterTheStraight) {
   // Both tangents run centre to centre; A's centre has no angle.
   const std::vector<BeltPoint> pts = BuildBeltOutline(0.0, 0.0, 2.0, 20, 16);
-  ASSERT_EQ(pts.size(), 2u);
-  EXPECT_TRUE(near(pts[0], {2.0, 0.0}));
-  EXPECT_TRUE(near(pts[1], {0.0, 0.0}));
+  expectSegment(pts, {2.0, 0.0}, {0.0, 0.0});
 }
 
 TEST(BeltOutline, NaNInputsGiveNoArcsAndNoCrash) {

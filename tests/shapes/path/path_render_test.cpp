@@ -8,39 +8,14 @@
 
 #include <cstddef>
 
-#include "realgl/RealGLTest.h"
+#include "render/OrthoRenderTest.h"
 
 namespace {
 
 using headless::Rgba;
 
-// glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a unit.
-class PathRender : public headless::RealGLTest {
+class PathRender : public OrthoRenderTest {
  protected:
-  Rgba at(double x, double y) const {
-    return pixel(static_cast<int>((x + 2.0) * 32.0), static_cast<int>((y + 2.0) * 32.0));
-  }
-
-  static bool drawn(const Rgba& p) { return p.r != 0 || p.g != 0 || p.b != 0; }
-
-  // Any pixel drawn within one pixel of (x, y).
-  bool drawnNear(double x, double y) const {
-    for (int dx = -1; dx <= 1; ++dx) {
-      for (int dy = -1; dy <= 1; ++dy) {
-        if (drawn(at(x + dx / 32.0, y + dy / 32.0))) {
-          return true;
-        }
-      }
-    }
-    return false;
-  }
-
-  static GLint modelviewDepth() {
-    GLint depth = 0;
-    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depth);
-    return depth;
-  }
-
   CGLScene scene;
 };
 

@@ -14,6 +14,7 @@
 #include "shapes/path/path_point.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/path/tension_path.h"
+#include "naming/ParamName.h"
 
 namespace {
 
@@ -104,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
                       CountCase{"InfiniteIsTooMany", std::numeric_limits<double>::infinity(), 20,
                                 0},
                       CountCase{"NaNIsNothing", std::numeric_limits<double>::quiet_NaN(), 20, 0}),
-    [](const ::testing::TestParamInfo<CountCase>& info) { return info.param.name; });
+    ParamName());
 
 TEST(HelixPoints, MatchTheSampledHelix) {
   const lumagrid::detail::Helix helix{1.5, 0.25, 0.3, 2.0, 30.0, 720.0};
@@ -277,7 +278,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BodyCase{"OneTurnCoarse", 0.2, 1.5, 4.0, 1, 0, 10},
                       // Four helix points only: the lead-out overwrites the lead-in.
                       BodyCase{"QuarterTurnOverlapsTheTransitions", 0.1, 1.0, 5.0, 0, 1, 3}),
-    [](const ::testing::TestParamInfo<BodyCase>& info) { return info.param.name; });
+    ParamName());
 
 TEST(TensionBodyPath, TooManyTurnsGiveNoBody) {
   EXPECT_TRUE(lumagrid::detail::TensionBodyPath(0.1, 1.0, 5.0, 1000000, 0.0, 20).empty());
@@ -356,7 +357,7 @@ INSTANTIATE_TEST_SUITE_P(
                       // Only the half turn adds a stroke and ends on the far side.
                       ZigzagCase{"HalfTwist", 2, -1.0, 10},
                       ZigzagCase{"ThreeQuarterTwist", 3, 1.0, 9}),
-    [](const ::testing::TestParamInfo<ZigzagCase>& info) { return info.param.name; });
+    ParamName());
 
 TEST(TensionZigzag, HalfTwistStrokeGoesOnePitchPastTheLast) {
   const double p = (6.0 - 2.0) / 2.5;

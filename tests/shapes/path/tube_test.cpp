@@ -18,6 +18,7 @@
 #include "recorded/RecordedTest.h"
 #include "shapes/path/tube.h"
 #include "shapes/path/tube_fill.h"
+#include "naming/ParamName.h"
 
 namespace {
 
@@ -108,10 +109,10 @@ INSTANTIATE_TEST_SUITE_P(
                                                   180.0);
                    },
                    line("gleToroid", 0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0)},
-        FilledCase{
-            "PolyCylinder", [] { lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3); },
-            line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
-    [](const ::testing::TestParamInfo<FilledCase>& info) { return info.param.name; });
+        FilledCase{"PolyCylinder",
+                   [] { lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3); },
+                   line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
+    ParamName());
 
 // ---------------------------------------------------------------- wireframe
 
@@ -222,9 +223,7 @@ INSTANTIATE_TEST_SUITE_P(JoinStyles, WireCaps,
                                            CapCase{"SpringBody", kOpen, 0},
                                            CapCase{"Torus", 530, 2}, CapCase{"GleDefault", 274, 2},
                                            CapCase{"RawWithoutCaps", TUBE_JN_RAW, 0}),
-                         [](const ::testing::TestParamInfo<CapCase>& info) {
-                           return info.param.name;
-                         });
+                         ParamName());
 
 TEST_F(Tube, WirePolyCylinderSkipsItsDirectionPoints) {
   gleSetNumSides(4);

@@ -11,7 +11,7 @@
 
 #include <string>
 
-#include "realgl/RealGLTest.h"
+#include "render/OrthoRenderTest.h"
 
 namespace {
 
@@ -24,16 +24,8 @@ const unsigned long kBlue = 0xFF0000UL;
 
 enum class Channel { Red, Green, Blue };
 
-// The view is glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a
-// unit, the origin at pixel (64, 64).
-class QuadricRender : public headless::RealGLTest {
+class QuadricRender : public OrthoRenderTest {
  protected:
-  Rgba at(double x, double y) const {
-    return pixel(static_cast<int>((x + 2.0) * 32.0), static_cast<int>((y + 2.0) * 32.0));
-  }
-
-  static bool drawn(const Rgba& p) { return p.r != 0 || p.g != 0 || p.b != 0; }
-
   // Lit by a pure-colour material: that channel is bright, the others dark.
   static ::testing::AssertionResult litIn(const Rgba& p, Channel c) {
     const int r = p.r, g = p.g, b = p.b;
@@ -43,12 +35,6 @@ class QuadricRender : public headless::RealGLTest {
       return ::testing::AssertionSuccess();
     }
     return ::testing::AssertionFailure() << headless::toString(p);
-  }
-
-  static GLint modelviewDepth() {
-    GLint depth = 0;
-    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depth);
-    return depth;
   }
 
   // Shapes drawn through a scene, as a host does.

@@ -20,35 +20,35 @@ using ::testing::IsEmpty;
 
 // Each shape overrides the operations that supply its geometry and nothing
 // else; the tables are compared entry by entry with the base's.
-class Overrides : public RecordedTest {};
+class QuadricOverrides : public RecordedTest {};
 
-TEST_F(Overrides, QuadricOverridesNothing) {
+TEST_F(QuadricOverrides, QuadricOverridesNothing) {
   const CGLObject base;
   const CGLQuadric quadric;
   EXPECT_THAT(OverriddenVirtuals(quadric, base), IsEmpty());
 }
 
-TEST_F(Overrides, SphereAndCylinderOverrideOnlyDisplayListMake) {
+TEST_F(QuadricOverrides, SphereAndCylinderOverrideOnlyDisplayListMake) {
   const CGLQuadric base;
   EXPECT_THAT(OverriddenVirtuals(CGLSphere(), base), ElementsAre("DisplayListMake"));
   EXPECT_THAT(OverriddenVirtuals(CGLCylinder(), base), ElementsAre("DisplayListMake"));
 }
 
-TEST_F(Overrides, ConeOverridesNothingOfTheCylinder) {
+TEST_F(QuadricOverrides, ConeOverridesNothingOfTheCylinder) {
   EXPECT_THAT(OverriddenVirtuals(CGLCone(), CGLCylinder()), IsEmpty());
 }
 
-TEST_F(Overrides, ArrowOverridesDisplayListMakeAndDrawDirect) {
+TEST_F(QuadricOverrides, ArrowOverridesDisplayListMakeAndDrawDirect) {
   EXPECT_THAT(OverriddenVirtuals(CGLArrow(), CGLQuadric()),
               ElementsAre("DisplayListMake", "DrawDirect"));
 }
 
-TEST_F(Overrides, BoxOverridesOnlyDisplayListMakeAndCubeNothing) {
+TEST_F(QuadricOverrides, BoxOverridesOnlyDisplayListMakeAndCubeNothing) {
   EXPECT_THAT(OverriddenVirtuals(CGLBox(), CGLObject()), ElementsAre("DisplayListMake"));
   EXPECT_THAT(OverriddenVirtuals(CGLCube(), CGLBox()), IsEmpty());
 }
 
-TEST_F(Overrides, AxisOverridesNothingOfTheGroup) {
+TEST_F(QuadricOverrides, AxisOverridesNothingOfTheGroup) {
   EXPECT_THAT(OverriddenVirtuals(CGLAxis(), CGLGroup()), IsEmpty());
 }
 

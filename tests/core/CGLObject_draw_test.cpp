@@ -12,6 +12,8 @@
 #include "core_probes.h"
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
+#include "recorded/CallLines.h"
+#include "recorded/DrawCounts.h"
 #include "recorded/RecordedTest.h"
 
 namespace {
@@ -20,41 +22,11 @@ using glrecorder::en;
 using glrecorder::line;
 using glrecorder::LinesEq;
 
-std::string MultLine(const mat4x4& m) {
-  return line("glMultMatrixd", glrecorder::doubles(m, 16));
-}
-
-std::string MaterialLine(float r, float g, float b, float a) {
-  const std::array<float, 4> c = {r, g, b, a};
-  return line("glMaterialfv", en(GL_FRONT), en(GL_AMBIENT_AND_DIFFUSE), c);
-}
-
-// The geometry QuadShape(s) emits.
-std::vector<std::string> QuadLines(float s) {
-  return {
-      "glBegin(GL_QUADS)",
-      "glNormal3f(0, 0, 1)",
-      line("glVertex3f", -s, -s, 0.0f),
-      line("glVertex3f", s, -s, 0.0f),
-      line("glVertex3f", s, s, 0.0f),
-      line("glVertex3f", -s, s, 0.0f),
-      "glEnd()",
-  };
-}
-
-std::vector<std::string> Join(std::vector<std::vector<std::string>> parts) {
-  std::vector<std::string> all;
-  for (auto& p : parts) {
-    all.insert(all.end(), p.begin(), p.end());
-  }
-  return all;
-}
-
 glrecorder::Recorder& Rec() {
   return glrecorder::recorder();
 }
 
-class CGLObjectDrawTest : public RecordedTest {};
+class ObjectDraw : public RecordedTest {};
 
 // Counts the pipeline's calls of its overridable steps.
 class CountingShape : public QuadShape {
@@ -80,7 +52,7 @@ class CountingShape : public QuadShape {
 
 // ---------------------------------------------------------------- pipeline
 
-TEST_F(CGLObjectDrawTest, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) {
+TEST_F(ObjectDraw, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) {
   QuadShape q(0.5f);
   q.Move(1.0, 2.0, 3.0);
   q.Rotate(0.1, 0.2, 0.3);
@@ -109,7 +81,7 @@ TEST_F(CGLObjectDrawTest, FirstDrawCompilesTheListInsideTheTransformAndCallsIt) 
   EXPECT_EQ(Rec().stackDepth(GL_MODELVIEW), 1);
 }
 
-TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
+TEST_F(ObjectDraw, MatrixReachesGLExactlyAsStored) {
   QuadShape q;
   double raw[16];
   for (int i = 0; i < 16; ++i) {
@@ -122,7 +94,7 @@ TEST_F(CGLObjectDrawTest, MatrixReachesGLExactlyAsStored) {
   EXPECT_EQ(mult[0].str(), line("glMultMatrixd", glrecorder::doubles(raw, 16)));
 }
 
-TEST_F(CGLObjectDrawTest, MaterialCarriesTheChannelsRoundedToFloat) {
+TEST_F(ObjectDraw, MaterialCarriesTheChannelsRoundedToFloat) {
   QuadShape q;
   q.ColorSet(1.0 / 3.0, 2.0 / 3.0, 0.1, 0.7);
   q.Draw();
@@ -133,14 +105,14 @@ TEST_F(CGLObjectDrawTest, MaterialCarriesTheChannelsRoundedToFloat) {
   EXPECT_EQ(Rec().count("glColor3d"), 0u);  // colours reach GL only as material
 }
 
-TEST_F(CGLObjectDrawTest, ListHoldsNoTransformAndNoColour) {
+TEST_F(ObjectDraw, ListHoldsNoTransformAndNoColour) {
   QuadShape q;
   q.Move(4.0, 5.0, 6.0);
   q.Draw();
   EXPECT_THAT(Rec().listLog(1), LinesEq(QuadLines(0.5f)));
 }
 
-TEST_F(CGLObjectDrawTest, LaterDrawsOnlyCallTheList) {
+TEST_F(ObjectDraw, LaterDrawsOnlyCallTheList) {
   QuadShape q;
   q.Draw();
   Rec().clearCalls();
@@ -154,7 +126,7 @@ TEST_F(CGLObjectDrawTest, LaterDrawsOnlyCallTheList) {
                            }));
 }
 
-TEST_F(CGLObjectDrawTest, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
+TEST_F(ObjectDraw, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
   QuadShape q;
   q.Draw();
   q.ColorSet(0x0000FFUL);
@@ -177,7 +149,7 @@ TEST_F(CGLObjectDrawTest, ChangeThatMarksModifiedRecompilesIntoTheSameName) {
                            })));
 }
 
-TEST_F(CGLObjectDrawTest, ChangesThatDoNotMarkModifiedDoNotRecompile) {
+TEST_F(ObjectDraw, ChangesThatDoNotMarkModifiedDoNotRecompile) {
   QuadShape q;
   q.Draw();
   q.SetMatrix(Identity());
@@ -189,22 +161,18 @@ TEST_F(CGLObjectDrawTest, ChangesThatDoNotMarkModifiedDoNotRecompile) {
   q.SetVisible(true);
   q.Move(1.0);
   q.ColorSet(0.5);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 0u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, MoveByZeroRecompiles) {
+TEST_F(ObjectDraw, MoveByZeroRecompiles) {
   QuadShape q;
   q.Draw();
   q.Move(0.0);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSelection) {
+TEST_F(ObjectDraw, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSelection) {
   CountingShape c;
   c.Draw();
   c.Draw();
@@ -216,7 +184,7 @@ TEST_F(CGLObjectDrawTest, DrawCallsDisplayListMakeOnlyWhenModifiedAndNeverDrawSe
   EXPECT_EQ(c.selections, 0);
 }
 
-TEST_F(CGLObjectDrawTest, SelectedShapeUsesTheHighlightColour) {
+TEST_F(ObjectDraw, SelectedShapeUsesTheHighlightColour) {
   QuadShape q;
   q.HLColorSet(0.25, 0.5, 0.75, 1.0);
   q.Select(true);
@@ -226,7 +194,7 @@ TEST_F(CGLObjectDrawTest, SelectedShapeUsesTheHighlightColour) {
   EXPECT_EQ(mat[0].str(), MaterialLine(0.25f, 0.5f, 0.75f, 1.0f));
 }
 
-TEST_F(CGLObjectDrawTest, HiddenShapeIssuesNoCallAtAll) {
+TEST_F(ObjectDraw, HiddenShapeIssuesNoCallAtAll) {
   QuadShape q;
   q.SetVisible(false);
   EXPECT_EQ(q.Draw(), 1);
@@ -235,7 +203,7 @@ TEST_F(CGLObjectDrawTest, HiddenShapeIssuesNoCallAtAll) {
   EXPECT_TRUE(q.m_bModified);
 }
 
-TEST_F(CGLObjectDrawTest, BareObjectPushesMultipliesColoursAndPops) {
+TEST_F(ObjectDraw, BareObjectPushesMultipliesColoursAndPops) {
   ObjectProbe o;
   EXPECT_EQ(o.Draw(), 1);
   EXPECT_THAT(Rec().log(), LinesEq({
@@ -248,7 +216,7 @@ TEST_F(CGLObjectDrawTest, BareObjectPushesMultipliesColoursAndPops) {
   EXPECT_EQ(o.m_nDisplayList, -1);
 }
 
-TEST_F(CGLObjectDrawTest, FailedDrawStartSkipsEverythingElse) {
+TEST_F(ObjectDraw, FailedDrawStartSkipsEverythingElse) {
   CountingShape c;
   c.startResult = 0;
   EXPECT_EQ(c.Draw(), 1);
@@ -260,7 +228,7 @@ TEST_F(CGLObjectDrawTest, FailedDrawStartSkipsEverythingElse) {
   EXPECT_TRUE(Rec().log().empty());
 }
 
-TEST_F(CGLObjectDrawTest, ProtectedStepsIssueOneCallEach) {
+TEST_F(ObjectDraw, ProtectedStepsIssueOneCallEach) {
   ObjectProbe o;
   o.Move(2.0, 3.0, 4.0);
   EXPECT_EQ(o.DrawTransform(), 1);
@@ -274,7 +242,7 @@ TEST_F(CGLObjectDrawTest, ProtectedStepsIssueOneCallEach) {
                                     MaterialLine(0.0f, 1.0f, 0.0f, 1.0f)}));
 }
 
-TEST_F(CGLObjectDrawTest, NaNMatrixIsPassedToGLUnchanged) {
+TEST_F(ObjectDraw, NaNMatrixIsPassedToGLUnchanged) {
   QuadShape q;
   q.Move(std::numeric_limits<double>::quiet_NaN());
   q.Draw();
@@ -286,7 +254,7 @@ TEST_F(CGLObjectDrawTest, NaNMatrixIsPassedToGLUnchanged) {
 
 // ---------------------------------------------------------------- protocol
 
-TEST_F(CGLObjectDrawTest, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurrent) {
+TEST_F(ObjectDraw, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurrent) {
   QuadShape q;
   EXPECT_EQ(q.DisplayListMake(), 0);
   EXPECT_FALSE(q.m_bModified);
@@ -294,7 +262,7 @@ TEST_F(CGLObjectDrawTest, DisplayListMakeReturnsZeroAfterARebuildAndOneWhenCurre
   EXPECT_EQ(Rec().count("glNewList"), 1u);
 }
 
-TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
+TEST_F(ObjectDraw, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   QuadShape q(2.0f);
   q.Move(1.0, 0.0, 0.0);
   EXPECT_EQ(q.DrawDirect(), 0);
@@ -308,9 +276,9 @@ TEST_F(CGLObjectDrawTest, ImmediateDrawEmitsTheGeometryInsideTheTransform) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 }
 
-class GenListsFailureTest : public RecordedTestWithParam<glrecorder::GenLists> {};
+class ObjectDrawListFailure : public RecordedTestWithParam<glrecorder::GenLists> {};
 
-TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
+TEST_P(ObjectDrawListFailure, NoListMeansNoCallAndARetryAtTheNextDraw) {
   Rec().setGenLists(GetParam());
   QuadShape q;
   EXPECT_EQ(q.DisplayListsAllocate(), 0);
@@ -328,19 +296,30 @@ TEST_P(GenListsFailureTest, NoListMeansNoCallAndARetryAtTheNextDraw) {
   EXPECT_EQ(q.m_nDisplayList, -1);
 
   Rec().setGenLists(glrecorder::GenLists::Normal);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(q), 1u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
   EXPECT_FALSE(q.m_bModified);
   EXPECT_GT(q.m_nDisplayList, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Failures, GenListsFailureTest,
+INSTANTIATE_TEST_SUITE_P(Failures, ObjectDrawListFailure,
                          ::testing::Values(glrecorder::GenLists::ReturnZero,
                                            glrecorder::GenLists::ReturnUnknown));
 
-TEST_F(CGLObjectDrawTest, ExistingListIsReusedNotRegenerated) {
+// q's next Draw generates a list name and builds the list under it.
+::testing::AssertionResult DrawGeneratesAList(QuadShape& q) {
+  Rec().clearCalls();
+  q.Draw();
+  if (Rec().count("glGenLists") != 1u) {
+    return ::testing::AssertionFailure() << Rec().count("glGenLists") << " glGenLists calls";
+  }
+  if (!Rec().listExists(static_cast<GLuint>(q.m_nDisplayList))) {
+    return ::testing::AssertionFailure() << "no list " << q.m_nDisplayList;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+TEST_F(ObjectDraw, ExistingListIsReusedNotRegenerated) {
   QuadShape q;
   q.Draw();
   Rec().clearCalls();
@@ -349,7 +328,7 @@ TEST_F(CGLObjectDrawTest, ExistingListIsReusedNotRegenerated) {
   EXPECT_EQ(q.m_nDisplayList, 1);
 }
 
-TEST_F(CGLObjectDrawTest, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
+TEST_F(ObjectDraw, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
   QuadShape q;
   q.Draw();
   Rec().forgetAllLists();
@@ -358,15 +337,12 @@ TEST_F(CGLObjectDrawTest, ForgottenListIsRegeneratedAtTheNextRebuildOnly) {
   EXPECT_EQ(Rec().count("glGenLists"), 0u);
   EXPECT_EQ(Rec().count("glCallList"), 1u);
   q.Scale(2.0);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glGenLists"), 1u);
-  EXPECT_TRUE(Rec().listExists(static_cast<GLuint>(q.m_nDisplayList)));
+  EXPECT_TRUE(DrawGeneratesAList(q));
 }
 
 // ---------------------------------------------------------------- lifetime
 
-TEST_F(CGLObjectDrawTest, DestructorDeletesTheList) {
+TEST_F(ObjectDraw, DestructorDeletesTheList) {
   {
     QuadShape q;
     q.Draw();
@@ -376,7 +352,7 @@ TEST_F(CGLObjectDrawTest, DestructorDeletesTheList) {
   EXPECT_FALSE(Rec().listExists(1));
 }
 
-TEST_F(CGLObjectDrawTest, DestructorDoesNotDeleteNameZeroOrMinusOne) {
+TEST_F(ObjectDraw, DestructorDoesNotDeleteNameZeroOrMinusOne) {
   {
     QuadShape zero;
     zero.m_nDisplayList = 0;
@@ -385,33 +361,28 @@ TEST_F(CGLObjectDrawTest, DestructorDoesNotDeleteNameZeroOrMinusOne) {
   EXPECT_TRUE(Rec().log().empty());
 }
 
-TEST_F(CGLObjectDrawTest, CopySharesTheListName) {
+TEST_F(ObjectDraw, CopySharesTheListName) {
   QuadShape q;
   q.Draw();
   QuadShape copy(q);
   EXPECT_EQ(copy.m_nDisplayList, 1);
-  Rec().clearCalls();
-  copy.Draw();
-  EXPECT_EQ(Rec().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(copy), 0u);
   EXPECT_EQ(Rec().count("glGenLists"), 0u);
   EXPECT_THAT(Rec().callsNamed("glCallList"), ::testing::SizeIs(1));
   EXPECT_EQ(Rec().callsNamed("glCallList")[0].str(), "glCallList(1)");
 }
 
-TEST_F(CGLObjectDrawTest, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegeneratesIt) {
+TEST_F(ObjectDraw, DestroyingACopyDeletesTheSharedListAndTheSurvivorRegeneratesIt) {
   QuadShape q;
   q.Draw();
   { QuadShape copy(q); }
   EXPECT_EQ(Rec().count("glDeleteLists"), 1u);
   EXPECT_FALSE(Rec().listExists(1));
   q.ColorSet(0.9);
-  Rec().clearCalls();
-  q.Draw();
-  EXPECT_EQ(Rec().count("glGenLists"), 1u);
-  EXPECT_TRUE(Rec().listExists(static_cast<GLuint>(q.m_nDisplayList)));
+  EXPECT_TRUE(DrawGeneratesAList(q));
 }
 
-TEST_F(CGLObjectDrawTest, AssignedObjectSharesTheListName) {
+TEST_F(ObjectDraw, AssignedObjectSharesTheListName) {
   QuadShape q;
   q.Draw();
   QuadShape other;

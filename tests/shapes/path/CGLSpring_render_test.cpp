@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "realgl/RealGLTest.h"
+#include "naming/ParamName.h"
 
 namespace {
 
@@ -100,9 +101,9 @@ struct Variant {
   unsigned int type2;
 };
 
-class SpringWire : public SpringRender, public ::testing::WithParamInterface<Variant> {};
+class SpringWireRender : public SpringRender, public ::testing::WithParamInterface<Variant> {};
 
-TEST_P(SpringWire, WireframeCoversTheSolidSpringsPlace) {
+TEST_P(SpringWireRender, WireframeCoversTheSolidSpringsPlace) {
   // A thick wire, so that the wireframe leaves gaps between its lines.
   CGLSpring spring(0.35, 1.0, 1.0, 3.0, 2, 0.0);
   spring.SetType(GetParam().type);
@@ -125,11 +126,12 @@ TEST_P(SpringWire, WireframeCoversTheSolidSpringsPlace) {
   EXPECT_TRUE(noGLError());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Families, SpringWire,
-    ::testing::Values(Variant{"OpenCompression", 0, 0}, Variant{"ClosedCompression", 0, 1},
-                      Variant{"Tension", 1, 0}, Variant{"TwistedTension", 1, 1}),
-    [](const ::testing::TestParamInfo<Variant>& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(Families, SpringWireRender,
+                         ::testing::Values(Variant{"OpenCompression", 0, 0},
+                                           Variant{"ClosedCompression", 0, 1},
+                                           Variant{"Tension", 1, 0},
+                                           Variant{"TwistedTension", 1, 1}),
+                         ParamName());
 
 TEST_F(SpringRender, TorusAfterAWireframeSpringIsAWireframeInTheSamePlace) {
   CGLSpring solidSpring;

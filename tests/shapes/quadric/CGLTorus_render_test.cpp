@@ -9,25 +9,18 @@
 #include <cstddef>
 #include <limits>
 
-#include "realgl/RealGLTest.h"
+#include "render/OrthoRenderTest.h"
 
 namespace {
 
 using headless::Rgba;
 
-// glOrtho(-2, 2, -2, 2, ...) over 128 x 128 pixels: 32 pixels a unit.
-class TorusRender : public headless::RealGLTest {
+class TorusRender : public OrthoRenderTest {
  protected:
   void TearDown() override {
     gleSetNumSides(20);
     RealGLTest::TearDown();
   }
-
-  Rgba at(double x, double y) const {
-    return pixel(static_cast<int>((x + 2.0) * 32.0), static_cast<int>((y + 2.0) * 32.0));
-  }
-
-  static bool drawn(const Rgba& p) { return p.r != 0 || p.g != 0 || p.b != 0; }
 
   static void clear() { glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT); }
 

@@ -7,24 +7,22 @@
 
 #include <climits>
 #include <functional>
-#include <initializer_list>
 #include <limits>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "naming/ParamName.h"
 #include "quadric_probes.h"
+#include "recorded/CallLines.h"
+#include "recorded/DrawCounts.h"
+#include "recorded/Shorthands.h"
+#include "recorded/SilentCall.h"
 
 namespace {
 
-using glrecorder::en;
-using glrecorder::line;
-using glrecorder::recorder;
-
-using Lines = std::vector<std::string>;
 using ArrowProbe = Probe<CGLArrow>;
 
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const char* const q = "quad1";
 const glrecorder::Enum kOutside = en(GLU_OUTSIDE);
 const glrecorder::Enum kInside = en(GLU_INSIDE);
@@ -47,17 +45,9 @@ Lines DefaultShaft() {
   };
 }
 
-Lines Concat(std::initializer_list<Lines> parts) {
-  Lines out;
-  for (const Lines& p : parts) {
-    out.insert(out.end(), p.begin(), p.end());
-  }
-  return out;
-}
-
 class Arrow : public RecordedTest {};
 
-TEST_F(Arrow, DefaultArrowCompilesTheStatedCalls) {
+TEST_F(Arrow, DefaultArrowCompilesAGreyClosedShaftThenAPointedHead) {
   CGLArrow arrow;
   recorder().clearCalls();
   EXPECT_EQ(arrow.DisplayListMake(), 0);
@@ -204,27 +194,27 @@ std::ostream& operator<<(std::ostream& os, const HeadsCase& c) {
   return os << c.name;
 }
 
-Lines FinalHead() {
+// A head: a cone from radius 0.2 to `top` over `length`, closed by its base disk.
+Lines Head(double top, double length, int slices, int stacks) {
   return {
       line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.0, kH, 128, 8),
+      line("gluCylinder", q, 0.2, top, length, slices, stacks),
       line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 128, 1),
+      line("gluDisk", q, 0.0, 0.2, slices, 1),
   };
+}
+
+Lines FinalHead() {
+  return Head(0.0, kH, 128, 8);
 }
 
 Lines OneHeadArrow() {
-  return Concat({{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), FinalHead()});
+  return Join({{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), FinalHead()});
 }
 
 Lines TruncatedHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.1, kH * 0.5, 128, 8),  // half as long, half the radius
-      line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 128, 1),
-      line("glTranslated", 0.0, 0.0, kH * 0.5),
-  };
+  // Half as long, half the radius, then on to its top.
+  return Join({Head(0.1, kH * 0.5, 128, 8), {line("glTranslated", 0.0, 0.0, kH * 0.5)}});
 }
 
 Lines LiteShaft() {
@@ -239,20 +229,11 @@ Lines LiteShaft() {
 }
 
 Lines LiteTruncatedHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside), line("gluCylinder", q, 0.2, 0.1, kH * 0.5, 4, 2),
-      line("gluQuadricOrientation", q, kInside),  line("gluDisk", q, 0.0, 0.2, 4, 1),
-      line("glTranslated", 0.0, 0.0, kH * 0.5),
-  };
+  return Join({Head(0.1, kH * 0.5, 4, 2), {line("glTranslated", 0.0, 0.0, kH * 0.5)}});
 }
 
 Lines LiteFinalHead() {
-  return {
-      line("gluQuadricOrientation", q, kOutside),
-      line("gluCylinder", q, 0.2, 0.0, kH, 4, 2),
-      line("gluQuadricOrientation", q, kInside),
-      line("gluDisk", q, 0.0, 0.2, 4, 1),
-  };
+  return Head(0.0, kH, 4, 2);
 }
 
 const HeadsCase kHeadsCases[] = {
@@ -262,34 +243,34 @@ const HeadsCase kHeadsCases[] = {
     {"SmallestIntHeadsDrawOneHead", false, INT_MIN, OneHeadArrow},
     {"TwoHeads", false, 2,
      [] {
-       return Concat(
+       return Join(
            {{line("glColor3d", 0.5, 0.5, 0.5)}, DefaultShaft(), TruncatedHead(), FinalHead()});
      }},
     {"ThreeHeads", false, 3,
      [] {
-       return Concat({{line("glColor3d", 0.5, 0.5, 0.5)},
-                      DefaultShaft(),
-                      TruncatedHead(),
-                      TruncatedHead(),
-                      FinalHead()});
+       return Join({{line("glColor3d", 0.5, 0.5, 0.5)},
+                    DefaultShaft(),
+                    TruncatedHead(),
+                    TruncatedHead(),
+                    FinalHead()});
      }},
     {"LiteOneHead", true, 1,
      [] {
-       return Concat({LiteShaft(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteFinalHead()});
      }},
     {"LiteZeroHeads", true, 0,
      [] {
-       return Concat({LiteShaft(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteFinalHead()});
      }},
     {"LiteThreeHeads", true, 3,
      [] {
-       return Concat({LiteShaft(), LiteTruncatedHead(), LiteTruncatedHead(), LiteFinalHead()});
+       return Join({LiteShaft(), LiteTruncatedHead(), LiteTruncatedHead(), LiteFinalHead()});
      }},
 };
 
 class ArrowHeads : public RecordedTestWithParam<HeadsCase> {};
 
-TEST_P(ArrowHeads, CompileEmitsTheStatedCalls) {
+TEST_P(ArrowHeads, CompileEmitsTheShaftThenEachHead) {
   CGLArrow arrow(1.0, 0.2, GetParam().lite, GetParam().heads, 0.8, 0.4);
   EXPECT_LINES(GetParam().expected(), CompiledBody(arrow));
 }
@@ -312,8 +293,7 @@ TEST_P(ArrowHeads, DrawDirectEmitsTheSameGeometryAtOnce) {
   EXPECT_EQ(recorder().stackDepth(GL_MODELVIEW), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Counts, ArrowHeads, ::testing::ValuesIn(kHeadsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Counts, ArrowHeads, ::testing::ValuesIn(kHeadsCases), ParamName());
 
 // ---------------------------------------------------------------- lite
 
@@ -354,9 +334,7 @@ TEST_F(Arrow, SetLengthDoesNotReachABuiltListUntilTheNextModification) {
   arrow.Draw();
   arrow.SetLength(2.0);
 
-  recorder().clearCalls();
-  arrow.Draw();
-  EXPECT_EQ(recorder().count("glNewList"), 0u);
+  EXPECT_EQ(ListsCompiledByDraw(arrow), 0u);
   // The replayed list still holds the old shaft.
   EXPECT_LINES((Lines{line("glTranslated", 0.0, 0.0, kS)}), ExecutedNamed("glTranslated"));
 
@@ -367,9 +345,7 @@ TEST_F(Arrow, SetLengthDoesNotReachABuiltListUntilTheNextModification) {
 
   // Any marking change rebuilds with it.
   arrow.Move(0.0);
-  recorder().clearCalls();
-  arrow.Draw();
-  EXPECT_EQ(recorder().count("glNewList"), 1u);
+  EXPECT_EQ(ListsCompiledByDraw(arrow), 1u);
   const std::vector<glrecorder::Call> cylinders = recorder().callsNamed("gluCylinder");
   ASSERT_FALSE(cylinders.empty());
   EXPECT_EQ(cylinders.front().str(), line("gluCylinder", q, kR, kR, 2.0 * 0.8, 128, 8));
@@ -408,9 +384,7 @@ TEST_P(ArrowSetter, LeavesABuiltListCurrent) {
   arrow.DisplayListMake();
   GetParam().set(arrow);
   EXPECT_FALSE(arrow.m_bModified);
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DisplayListMake(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DisplayListMake(); }));
 }
 
 TEST_P(ArrowSetter, ShowsInTheNextEmission) {
@@ -424,8 +398,7 @@ TEST_P(ArrowSetter, ShowsInTheNextEmission) {
             GetParam().expected());
 }
 
-INSTANTIATE_TEST_SUITE_P(Setters, ArrowSetter, ::testing::ValuesIn(kSetterCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Setters, ArrowSetter, ::testing::ValuesIn(kSetterCases), ParamName());
 
 // ---------------------------------------------------------------- immediate mode
 
@@ -438,9 +411,7 @@ TEST_F(Arrow, DrawDirectReturnsZeroAfterDrawing) {
 TEST_F(Arrow, DrawDirectOfAHiddenArrowReturnsOneAndDrawsNothing) {
   CGLArrow arrow;
   arrow.SetVisible(false);
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DrawDirect(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DrawDirect(); }));
 }
 
 TEST_F(Arrow, DrawDirectLeavesTheListAlone) {
@@ -458,9 +429,7 @@ class RefusingArrow : public CGLArrow {
 
 TEST_F(Arrow, DrawDirectReturnsOneWhenDrawStartRefuses) {
   RefusingArrow arrow;
-  recorder().clearCalls();
-  EXPECT_EQ(arrow.DrawDirect(), 1);
-  EXPECT_TRUE(recorder().log().empty());
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return arrow.DrawDirect(); }));
 }
 
 // ---------------------------------------------------------------- copies
@@ -534,6 +503,6 @@ TEST_P(ArrowDegenerate, HandsTheValuesToGluUnchanged) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, ArrowDegenerate, ::testing::ValuesIn(kDegenerateCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         ParamName());
 
 }  // namespace

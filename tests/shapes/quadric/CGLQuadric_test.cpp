@@ -14,19 +14,17 @@
 #include <vector>
 
 #include "quadric_probes.h"
+#include "recorded/Shorthands.h"
+#include "recorded/SilentCall.h"
 
 namespace {
-
-using glrecorder::en;
-using glrecorder::line;
-using glrecorder::recorder;
 
 using QuadricProbe = Probe<CGLQuadric>;
 using SphereProbe = Probe<CGLSphere>;
 
-class QuadricHandle : public RecordedTest {};
+class Quadric : public RecordedTest {};
 
-TEST_F(QuadricHandle, ConstructionCreatesOneQuadricAndDestructionDeletesIt) {
+TEST_F(Quadric, ConstructionCreatesOneQuadricAndDestructionDeletesIt) {
   const GLUquadric* handle = nullptr;
   {
     QuadricProbe q;
@@ -40,7 +38,7 @@ TEST_F(QuadricHandle, ConstructionCreatesOneQuadricAndDestructionDeletesIt) {
   EXPECT_EQ(recorder().doubleDeletes(), 0);
 }
 
-TEST_F(QuadricHandle, NewQuadricKeepsGluDefaults) {
+TEST_F(Quadric, NewQuadricKeepsGluDefaults) {
   QuadricProbe q;
   EXPECT_EQ(recorder().quadricOrientation(q.m_pQuadric), static_cast<GLenum>(GLU_OUTSIDE));
   EXPECT_EQ(recorder().quadricDrawStyle(q.m_pQuadric), static_cast<GLenum>(GLU_FILL));
@@ -49,7 +47,7 @@ TEST_F(QuadricHandle, NewQuadricKeepsGluDefaults) {
   EXPECT_LINES((std::vector<std::string>{line("gluNewQuadric")}), recorder().log());
 }
 
-TEST_F(QuadricHandle, EveryQuadricShapeMakesItsOwnHandle) {
+TEST_F(Quadric, EveryQuadricShapeMakesItsOwnHandle) {
   CGLSphere sphere;
   CGLCylinder cylinder;
   CGLCone cone;
@@ -58,7 +56,7 @@ TEST_F(QuadricHandle, EveryQuadricShapeMakesItsOwnHandle) {
   EXPECT_EQ(recorder().liveQuadrics(), 4);
 }
 
-TEST_F(QuadricHandle, NullHandleIsStoredAndDeletedAsItIs) {
+TEST_F(Quadric, NullHandleIsStoredAndDeletedAsItIs) {
   recorder().setNewQuadricFails(true);
   {
     QuadricProbe q;
@@ -69,14 +67,14 @@ TEST_F(QuadricHandle, NullHandleIsStoredAndDeletedAsItIs) {
                GluLines(recorder().log()));
 }
 
-TEST_F(QuadricHandle, CopyConstructionSharesTheHandle) {
+TEST_F(Quadric, CopyConstructionSharesTheHandle) {
   auto source = std::make_unique<SphereProbe>(2.0);
   SphereProbe copy(*source);
   EXPECT_EQ(copy.m_pQuadric, source->m_pQuadric);
   EXPECT_EQ(recorder().count("gluNewQuadric"), 1u);
 }
 
-TEST_F(QuadricHandle, CopyDrawsWithTheSourceHandle) {
+TEST_F(Quadric, CopyDrawsWithTheSourceHandle) {
   CGLSphere source(2.0);
   CGLSphere copy(source);
   recorder().clearCalls();
@@ -85,7 +83,7 @@ TEST_F(QuadricHandle, CopyDrawsWithTheSourceHandle) {
                GluLines(recorder().log()));
 }
 
-TEST_F(QuadricHandle, SourceAndCopyEachDeleteTheSharedHandle) {
+TEST_F(Quadric, SourceAndCopyEachDeleteTheSharedHandle) {
   {
     CGLSphere source;
     CGLSphere copy(source);
@@ -97,7 +95,7 @@ TEST_F(QuadricHandle, SourceAndCopyEachDeleteTheSharedHandle) {
   EXPECT_EQ(recorder().doubleDeletes(), 1);
 }
 
-TEST_F(QuadricHandle, AssignmentTakesTheSourceHandleAndDropsItsOwn) {
+TEST_F(Quadric, AssignmentTakesTheSourceHandleAndDropsItsOwn) {
   {
     SphereProbe a(1.0);
     SphereProbe b(2.0);
@@ -117,7 +115,7 @@ TEST_F(QuadricHandle, AssignmentTakesTheSourceHandleAndDropsItsOwn) {
   EXPECT_EQ(recorder().liveQuadrics(), 1);
 }
 
-TEST_F(QuadricHandle, QuadricAssignmentCopiesOnlyTheBase) {
+TEST_F(Quadric, QuadricAssignmentCopiesOnlyTheBase) {
   QuadricProbe a;
   QuadricProbe b;
   b.m_nSlices = 5;
@@ -129,13 +127,83 @@ TEST_F(QuadricHandle, QuadricAssignmentCopiesOnlyTheBase) {
   EXPECT_EQ(recorder().count("gluNewQuadric"), 2u);
 }
 
-TEST_F(QuadricHandle, BareQuadricBuildsNoListAndStaysModified) {
+TEST_F(Quadric, BareQuadricBuildsNoListAndStaysModified) {
   QuadricProbe q;
   recorder().clearCalls();
   EXPECT_EQ(q.DisplayListMake(), 0);
   EXPECT_TRUE(q.m_bModified);
   EXPECT_EQ(q.m_nDisplayList, -1);
   EXPECT_TRUE(recorder().log().empty());
+}
+
+// ---------------------------------------------------------------- the list protocol
+
+class QuadricList : public RecordedTest {};
+
+TEST_F(QuadricList, CurrentListMakesNothingAndReturnsOne) {
+  Probe<CGLCylinder> cylinder;
+  EXPECT_EQ(cylinder.DisplayListMake(), 0);
+  EXPECT_FALSE(cylinder.m_bModified);
+  EXPECT_TRUE(ReturnsSilently(1, [&] { return cylinder.DisplayListMake(); }));
+}
+
+TEST_F(QuadricList, NoListKeepsTheMarkAndEmitsNoGeometry) {
+  Probe<CGLSphere> sphere;
+  recorder().setGenLists(glrecorder::GenLists::ReturnZero);
+  recorder().clearCalls();
+  EXPECT_EQ(sphere.DisplayListMake(), 0);
+  EXPECT_TRUE(sphere.m_bModified);
+  EXPECT_EQ(sphere.m_nDisplayList, -1);
+  EXPECT_EQ(recorder().count("glNewList"), 0u);
+  EXPECT_TRUE(GluLines(recorder().log()).empty());
+
+  // The mark survived, so the next attempt builds.
+  recorder().setGenLists(glrecorder::GenLists::Normal);
+  EXPECT_EQ(sphere.DisplayListMake(), 0);
+  EXPECT_FALSE(sphere.m_bModified);
+  EXPECT_EQ(recorder().count("gluSphere"), 1u);
+}
+
+TEST_F(QuadricList, UnknownListNameKeepsTheMark) {
+  Probe<CGLCylinder> cylinder;
+  recorder().setGenLists(glrecorder::GenLists::ReturnUnknown);
+  EXPECT_EQ(cylinder.DisplayListMake(), 0);
+  EXPECT_TRUE(cylinder.m_bModified);
+  EXPECT_EQ(cylinder.m_nDisplayList, -1);
+  EXPECT_EQ(recorder().count("gluCylinder"), 0u);
+}
+
+TEST_F(QuadricList, SecondDrawReplaysTheListWithoutGlu) {
+  CGLCylinder cylinder;
+  cylinder.Draw();
+  recorder().clearCalls();
+  cylinder.Draw();
+  EXPECT_TRUE(GluLines(recorder().log()).empty());
+  EXPECT_EQ(recorder().count("glNewList"), 0u);
+  EXPECT_LINES((Lines{line("glCallList", 1)}), glrecorder::lines(recorder().callsNamed("glCallList")));
+}
+
+TEST_F(QuadricList, DrawCompilesInsideTheShapeTransformAndColour) {
+  CGLSphere sphere(0.5);
+  recorder().clearCalls();
+  EXPECT_EQ(sphere.Draw(), 1);
+  const Lines log = recorder().log();
+  ASSERT_GE(log.size(), 4u);
+  EXPECT_EQ(log.front(), line("glPushMatrix"));
+  EXPECT_EQ(log.back(), line("glPopMatrix"));
+  EXPECT_EQ(log[log.size() - 2], line("glCallList", 1));
+  EXPECT_EQ(recorder().stackDepth(GL_MODELVIEW), 1);
+}
+
+TEST_F(QuadricList, ColourChangeRebuildsTheList) {
+  CGLSphere sphere;
+  sphere.Draw();
+  sphere.ColorSet(0x0000FFUL);
+  recorder().clearCalls();
+  sphere.Draw();
+  EXPECT_EQ(recorder().count("gluSphere"), 1u);
+  // The existing name is reused.
+  EXPECT_EQ(recorder().count("glGenLists"), 0u);
 }
 
 }  // namespace

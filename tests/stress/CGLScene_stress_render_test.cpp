@@ -139,7 +139,7 @@ CGLObject* makeShape(Kind kind, std::mt19937& rng) {
 
 enum class Op { Recolour, Hide, Delete };
 
-class SceneStressTest : public RealGLTest {
+class SceneStress : public RealGLTest {
  protected:
   int framebufferWidth() const override { return 64; }
   int framebufferHeight() const override { return 64; }
@@ -172,7 +172,7 @@ class SceneStressTest : public RealGLTest {
   int savedStacks_ = 0;
 };
 
-TEST_F(SceneStressTest, ShapesOfEveryKindLiveAndDieWithoutGLErrorsOrRetainedMemory) {
+TEST_F(SceneStress, ShapesOfEveryKindLiveAndDieWithoutGLErrorsOrRetainedMemory) {
   GLint maxDepth = 0;
   glGetIntegerv(GL_MAX_MODELVIEW_STACK_DEPTH, &maxDepth);
   GLint depth = 0;
