@@ -8,7 +8,7 @@
 #include <cmath>
 
 using lumagrid::detail::kTolerance;
-using lumagrid::detail::product;
+using lumagrid::detail::matrixProduct;
 
 namespace {
 
@@ -110,13 +110,13 @@ mat4x4& mat4x4::operator-=(const mat4x4& m) {
 
 mat4x4 mat4x4::operator*(const mat4x4& m) const {
   mat4x4 r;
-  product(r.m_e, m_e, m.m_e);
+  matrixProduct(r.m_e, m_e, m.m_e);
   return r;
 }
 
 mat4x4& mat4x4::operator*=(const mat4x4& m) {
   mat4x4 r;
-  product(r.m_e, m_e, m.m_e);
+  matrixProduct(r.m_e, m_e, m.m_e);
   copy(r);
   return *this;
 }
@@ -162,7 +162,7 @@ void mat4x4::sub(const mat4x4& a, const mat4x4& b) {
 }
 
 void mat4x4::mul(const mat4x4& a, const mat4x4& b) {
-  product(m_e, a.m_e, b.m_e);
+  matrixProduct(m_e, a.m_e, b.m_e);
 }
 
 void mat4x4::transpose() {

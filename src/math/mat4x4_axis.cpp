@@ -120,8 +120,10 @@ void mat4x4::rotateZ(double a) {
   }
 }
 
+// The plain path: where the inline one is SSE2 it gives the same bits, and
+// where it is not, it is this call.
 void lumagrid::detail::transformPointCall(const double* m, double* v) {
-  transformPoint(m, v);
+  transformPointPlain(m, v);
 }
 
 vec4d mat4x4::operator*(const vec4d& v) const {

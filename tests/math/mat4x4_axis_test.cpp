@@ -8,11 +8,12 @@
 #include <random>
 #include <string>
 
-#include "reference_math.h"
+#include "math/bit_compare.h"
+#include "math/random_values.h"
 
 namespace {
 
-using reference::bits;
+using mathtest::bits;
 
 const double kPi = 3.14159265358979323846;
 
@@ -303,12 +304,12 @@ TEST(Mat4x4Axis, TransformVec4dIsTheFullProduct) {
 }
 
 TEST(Mat4x4Axis, TransformMatchesTheOrderedSumsOnRandomInputs) {
-  std::mt19937 rng(1234);
+  mathtest::RandomValues rng(1234);
   for (int n = 0; n < 1000; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16, -5.0, 5.0);
+    rng.fill(e, 16, -5.0, 5.0);
     double p[4];
-    reference::randomFill(rng, p, 4, -5.0, 5.0);
+    rng.fill(p, 4, -5.0, 5.0);
     const mat4x4 m = fromArray(e);
     vec3d v(p[0], p[1], p[2]);
     m.transform(v);

@@ -13,6 +13,8 @@
 #include <random>
 #include <string>
 
+#include "math/random_values.h"
+
 namespace {
 
 constexpr double kPi = 3.141592653589793;
@@ -78,31 +80,6 @@ Eigen::Vector3d toEigen(const vec3d& v) {
   return Eigen::Vector3d(v.x(), v.y(), v.z());
 }
 
-class Random {
- public:
-  explicit Random(unsigned seed) : m_gen(seed) {}
-
-  double uniform(double lo, double hi) {
-    return std::uniform_real_distribution<double>(lo, hi)(m_gen);
-  }
-
-  vec3d vector(double lo, double hi) {
-    return vec3d(uniform(lo, hi), uniform(lo, hi), uniform(lo, hi));
-  }
-
-  MQuat unitQuat() {
-    MQuat q(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-    while (q.squared() < 0.01) {
-      q.set(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-    }
-    q.normalize();
-    return q;
-  }
-
- private:
-  std::mt19937 m_gen;
-};
-
 // ---------------------------------------------------------------- quaternion rotations
 
 TEST(Mat4x4CompoundTest, LoadRotateFollowsTheStatedFormula) {
@@ -123,7 +100,7 @@ TEST(Mat4x4CompoundTest, LoadRotateFollowsTheStatedFormula) {
 }
 
 TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
-  Random rnd(41);
+  mathtest::RandomValues rnd(41);
   for (int n = 0; n < 200; ++n) {
     const MQuat q = rnd.unitQuat();
     mat4x4 m;
@@ -202,7 +179,7 @@ TEST(Mat4x4CompoundTest, AxisAngleOverloadsGoThroughTheQuaternion) {
 }
 
 TEST(Mat4x4CompoundTest, AxisAngleMatchesEigenWithTheAngleNegated) {
-  Random rnd(42);
+  mathtest::RandomValues rnd(42);
   for (int n = 0; n < 200; ++n) {
     const vec3d axis = rnd.vector(-2, 2);
     const double a = rnd.uniform(-4, 4);
@@ -324,7 +301,7 @@ INSTANTIATE_TEST_SUITE_P(Normals, Mat4x4MirrorTest,
                          });
 
 TEST(Mat4x4CompoundTest, MirrorIgnoresTheDirectionOfTheNormal) {
-  Random rnd(43);
+  mathtest::RandomValues rnd(43);
   for (int n = 0; n < 100; ++n) {
     const vec3d v = rnd.vector(-3, 3);
     const double nn = v.dot(v);
@@ -343,7 +320,7 @@ TEST(Mat4x4CompoundTest, AlignXOntoY) {
 }
 
 TEST(Mat4x4CompoundTest, AlignTakesTheFirstDirectionOntoTheSecond) {
-  Random rnd(44);
+  mathtest::RandomValues rnd(44);
   for (int n = 0; n < 200; ++n) {
     vec3d a = rnd.vector(-5, 5);
     vec3d b = rnd.vector(-5, 5);

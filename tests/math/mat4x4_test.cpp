@@ -7,12 +7,14 @@
 #include <limits>
 #include <random>
 
-#include "reference_math.h"
+#include "math/bit_compare.h"
+#include "math/random_values.h"
+#include "math/reference_math.h"
 
 namespace {
 
-using reference::bits;
-using reference::sameBits;
+using mathtest::bits;
+using mathtest::sameBits;
 
 mat4x4 fromArray(const double (&e)[16]) {
   mat4x4 m;
@@ -315,16 +317,16 @@ TEST(Mat4x4, TimesAssignMaySquareItself) {
 }
 
 TEST(Mat4x4, ProductMatchesTheReferenceBitForBit) {
-  std::mt19937 rng(20240611);
+  mathtest::RandomValues rng(20240611);
   for (int n = 0; n < 2000; ++n) {
     double a[16];
     double b[16];
     if (n % 2 == 0) {
-      reference::randomFill(rng, a, 16, -10.0, 10.0);
-      reference::randomFill(rng, b, 16, -10.0, 10.0);
+      rng.fill(a, 16, -10.0, 10.0);
+      rng.fill(b, 16, -10.0, 10.0);
     } else {
-      reference::randomSmallInts(rng, a, 16);
-      reference::randomSmallInts(rng, b, 16);
+      rng.fillSmallInts(a, 16);
+      rng.fillSmallInts(b, 16);
       for (int i = 0; i < 16; i += 3) {
         b[i] = -b[i];
       }
@@ -360,10 +362,10 @@ TEST(Mat4x4, DetOfKnownMatrices) {
 }
 
 TEST(Mat4x4, DetExpandsInItsFixedOrder) {
-  std::mt19937 rng(7);
+  mathtest::RandomValues rng(7);
   for (int n = 0; n < 2000; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16, -3.0, 3.0);
+    rng.fill(e, 16, -3.0, 3.0);
     ASSERT_EQ(bits(fromArray(e).det()), bits(reference::det(e))) << "case " << n;
   }
 }
@@ -398,10 +400,10 @@ TEST(Mat4x4, AdjointIsTheTransposedCofactorMatrix) {
 }
 
 TEST(Mat4x4, AdjointMatchesMinorsBitForBit) {
-  std::mt19937 rng(11);
+  mathtest::RandomValues rng(11);
   for (int n = 0; n < 500; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16, -3.0, 3.0);
+    rng.fill(e, 16, -3.0, 3.0);
     mat4x4 m = fromArray(e);
     m.adjoint();
     for (int i = 0; i < 4; ++i) {
@@ -572,11 +574,11 @@ TEST(Mat4x4, InverseWithALargeOffDiagonalValueIsExact) {
 TEST(Mat4x4, InverseTakesTheFirstOfEqualPivots) {
   // Every entry has magnitude 1 or 0: the first in scan order must win, and
   // only that choice reproduces the reference's signed zeros.
-  std::mt19937 rng(3);
+  mathtest::RandomValues rng(3);
   int checked = 0;
   for (int n = 0; n < 4000; ++n) {
     double e[16];
-    reference::randomSmallInts(rng, e, 16, 1);
+    rng.fillSmallInts(e, 16, 1);
     double expected[16];
     std::memcpy(expected, e, sizeof e);
     const bool ok = reference::inv(expected);
@@ -589,22 +591,22 @@ TEST(Mat4x4, InverseTakesTheFirstOfEqualPivots) {
 }
 
 TEST(Mat4x4, InverseMatchesTheReferenceBitForBit) {
-  std::mt19937 rng(42);
+  mathtest::RandomValues rng(42);
   for (int n = 0; n < 5000; ++n) {
     double e[16];
     switch (n % 4) {
       case 0:
-        reference::randomFill(rng, e, 16);
+        rng.fill(e, 16);
         break;
       case 1:
-        reference::randomSmallInts(rng, e, 16, 3);
+        rng.fillSmallInts(e, 16, 3);
         break;
       case 2:
         // Small values: the running product often drops below 1e-7.
-        reference::randomFill(rng, e, 16, -0.05, 0.05);
+        rng.fill(e, 16, -0.05, 0.05);
         break;
       default:
-        reference::randomFill(rng, e, 16, -1e3, 1e3);
+        rng.fill(e, 16, -1e3, 1e3);
         for (int i = 0; i < 16; i += 5) {
           e[i] = 0.0;
         }
@@ -622,10 +624,10 @@ TEST(Mat4x4, InverseMatchesTheReferenceBitForBit) {
 TEST(Mat4x4, InverseWithNaNMatchesTheReference) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double inf = std::numeric_limits<double>::infinity();
-  std::mt19937 rng(5);
+  mathtest::RandomValues rng(5);
   for (int n = 0; n < 400; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16);
+    rng.fill(e, 16);
     e[(n * 7) % 16] = n % 3 == 0 ? inf : nan;
     if (n % 5 == 0) {
       e[(n * 3 + 1) % 16] = -inf;
@@ -681,10 +683,10 @@ TEST(Mat4x4, ReorthogonalizeTwiceOfIdentityIsZero) {
 }
 
 TEST(Mat4x4, ReorthogonalizeSumsTheSeriesOfMtMPlusIdentity) {
-  std::mt19937 rng(9);
+  mathtest::RandomValues rng(9);
   for (int n = 1; n <= 12; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16, -0.6, 0.6);
+    rng.fill(e, 16, -0.6, 0.6);
     mat4x4 m = fromArray(e);
     m.reorthogonalize(n);
 

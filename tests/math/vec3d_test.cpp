@@ -9,11 +9,11 @@
 #include <ostream>
 #include <string>
 
-#include "reference_math.h"
+#include "math/bit_compare.h"
 
 namespace {
 
-using reference::bits;
+using mathtest::bits;
 
 void expectBits(const vec3d& v, double x, double y, double z) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;
