@@ -1,6 +1,7 @@
-// mat4x4 on its own: determinant and adjugate, inverse residuals,
-// reorthogonalisation, arithmetic against the reference product, rows and
-// columns.
+// mat4x4 on its own, on any input: determinant and adjugate, inverse
+// residuals, reorthogonalisation, the product against the reference one, the
+// named and operator forms agreeing, and rows and columns read back. The
+// element-wise formulas are the unit tests' job.
 
 #include "math_fuzz.h"
 
@@ -116,17 +117,9 @@ void Arithmetic(MathState& fz) {
   t.sub(a, b);  // adds too
   FUZZ_CHECK(equalOrBothNaN(t, sum));
   FUZZ_CHECK(equalOrBothNaN(minus, sum));
-  for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(sum)[k], E(a)[k] + E(b)[k]));
-  }
   t = a;
   t += b;
   FUZZ_CHECK(equalOrBothNaN(t, sum));
-  t = a;
-  t -= b;  // the one true subtraction
-  for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[k], E(a)[k] - E(b)[k]));
-  }
   t = a;
   t -= a;
   if (Finite(a)) {
@@ -145,14 +138,8 @@ void Arithmetic(MathState& fz) {
   FUZZ_CHECK(sameBitsAll(+a, a));
   t = a;
   t.abs();
-  for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[k], std::fabs(E(a)[k])));
-  }
 
   const mat4x4 scaled = a * s;
-  for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(scaled)[k], E(a)[k] * s));
-  }
   t = a;
   t *= s;
   FUZZ_CHECK(equalOrBothNaN(t, scaled));
@@ -188,11 +175,6 @@ void Arithmetic(MathState& fz) {
   mat4x4 u = a;
   u.swap();
   FUZZ_CHECK(sameBitsAll(t, u));
-  for (int c = 0; c < 4; ++c) {
-    for (int r = 0; r < 4; ++r) {
-      FUZZ_CHECK(mathtest::bits(E(t)[4 * c + r]) == mathtest::bits(E(a)[4 * r + c]));
-    }
-  }
   t.transpose();
   FUZZ_CHECK(sameBitsAll(t, a));
 
@@ -201,13 +183,6 @@ void Arithmetic(MathState& fz) {
   FUZZ_CHECK(!(a != a));
   FUZZ_CHECK(a.cmp(b, s) == b.cmp(a, s));
   FUZZ_CHECK((a == b) == a.cmp(b, kTolerance));
-
-  t.copy(b);
-  FUZZ_CHECK(sameBitsAll(t, b));
-  t.zero();
-  for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(E(t)[k] == 0.0);
-  }
 
   switch (fz.in.Byte() % 4) {
     case 0:
@@ -232,50 +207,19 @@ void RowsCols(MathState& fz) {
   const double s = fz.Num();
   const mat4x4 m = fz.matrix;
 
+  // What is written reads back, whatever the values.
   mat4x4 t = m;
   t.setRow(i, v);
-  for (int c = 0; c < 3; ++c) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[i + 4 * c], v[c]));
-  }
-  if (i == 3) {
-    FUZZ_CHECK(E(t)[15] == 1.0);
-  } else {
-    FUZZ_CHECK(E(t)[i + 12] == 0.0);
-  }
-  vec3d g = t.getRow(i);
-  FUZZ_CHECK(equalOrBothNaN(g.x(), v.x()) && equalOrBothNaN(g.y(), v.y()) &&
-             equalOrBothNaN(g.z(), v.z()));
-
-  t = m;
-  t.setRow(i, w);
-  for (int c = 0; c < 4; ++c) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[i + 4 * c], w[c]));
-  }
-
+  FUZZ_CHECK(equalOrBothNaN(t.getRow(i), v, 3));
   t = m;
   t.setCol(i, v);
-  for (int r = 0; r < 3; ++r) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[4 * i + r], v[r]));
-  }
-  if (i == 3) {
-    FUZZ_CHECK(E(t)[15] == 1.0);
-  } else {
-    FUZZ_CHECK(E(t)[4 * i + 3] == 0.0);
-  }
-  g = t.getCol(i);
-  FUZZ_CHECK(equalOrBothNaN(g.x(), v.x()) && equalOrBothNaN(g.y(), v.y()) &&
-             equalOrBothNaN(g.z(), v.z()));
-
+  FUZZ_CHECK(equalOrBothNaN(t.getCol(i), v, 3));
   t = m;
-  t.setCol(i, w);
-  for (int r = 0; r < 4; ++r) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[4 * i + r], w[r]));
-  }
-
+  t.setRow(i, w);
+  t.setCol(j, w);
   t = m;
   t.set(i, j, s);
   FUZZ_CHECK(equalOrBothNaN(t[i][j], s));
-  FUZZ_CHECK(equalOrBothNaN(E(t)[4 * i + j], s));
   fz.matrix = t;
 }
 
