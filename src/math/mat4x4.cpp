@@ -1,5 +1,6 @@
 #include <lumagrid/mat4x4.h>
 
+#include "math/elementwise.h"
 #include "math/mat4x4_inverse.h"
 #include "math/mat4x4_product.h"
 
@@ -238,13 +239,7 @@ void mat4x4::reorthogonalize(int n) {
 }
 
 bool mat4x4::cmp(const mat4x4& m, double eps) const {
-  for (int k = 0; k < 16; ++k) {
-    // Written so that a NaN difference passes.
-    if (std::fabs(m_e[k] - m.m_e[k]) > eps) {
-      return false;
-    }
-  }
-  return true;
+  return lumagrid::detail::noneFartherThan(m_e, m.m_e, 16, eps);
 }
 
 bool mat4x4::operator==(const mat4x4& m) const {
