@@ -47,11 +47,14 @@ struct MathState {
     return vec4d(x, y, z, w);
   }
   MQuat Quat() {
-    const double x = Num();
-    const double y = Num();
-    const double z = Num();
-    const double w = Num();
-    return MQuat(x, y, z, w);
+    const vec4d v = Vec4();
+    return MQuat(v.x(), v.y(), v.z(), v.w());
+  }
+  // n vectors, read in turn.
+  void Vec3s(vec3d* out, int n) {
+    for (int i = 0; i < n; ++i) {
+      out[i] = Vec3();
+    }
   }
   mat4x4 Matrix() {
     mat4x4 m;

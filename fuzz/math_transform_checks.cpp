@@ -159,18 +159,14 @@ void Align(MathState& fz) {
 }
 
 void Orient(MathState& fz) {
-  const vec3d p0 = fz.Vec3();
-  const vec3d p1 = fz.Vec3();
-  const vec3d p2 = fz.Vec3();
-  const vec3d q0 = fz.Vec3();
-  const vec3d q1 = fz.Vec3();
-  const vec3d q2 = fz.Vec3();
+  vec3d p[6];
+  fz.Vec3s(p, 6);
   mat4x4 m;
-  FUZZ_CHECK(m.loadOrient(p0, p1, p2) == 1);
+  FUZZ_CHECK(m.loadOrient(p[0], p[1], p[2]) == 1);
   FUZZ_CHECK(E(m)[12] == 0.0 && E(m)[13] == 0.0 && E(m)[14] == 0.0 && E(m)[15] == 1.0);
   mat4x4 t;
   // loadOrient never fails, so neither does this.
-  FUZZ_CHECK(t.loadAlign(p0, p1, p2, q0, q1, q2) == 1);
+  FUZZ_CHECK(t.loadAlign(p[0], p[1], p[2], p[3], p[4], p[5]) == 1);
   if (fz.in.Bool()) {
     fz.matrix = fz.in.Bool() ? m : t;
   }

@@ -43,22 +43,10 @@ void mat4x4::loadRotate(const MQuat& q) {
   const double wy = q.w * ys;
   const double wz = q.w * zs;
 
-  m_e[0] = 1.0 - (zz + yy);
-  m_e[1] = xy + wz;
-  m_e[2] = xz - wy;
-  m_e[3] = 0.0;
-  m_e[4] = xy - wz;
-  m_e[5] = 1.0 - (zz + xx);
-  m_e[6] = yz + wx;
-  m_e[7] = 0.0;
-  m_e[8] = xz + wy;
-  m_e[9] = yz - wx;
-  m_e[10] = 1.0 - (yy + xx);
-  m_e[11] = 0.0;
-  m_e[12] = 0.0;
-  m_e[13] = 0.0;
-  m_e[14] = 0.0;
-  m_e[15] = 1.0;
+  setCol(0, vec4d(1.0 - (zz + yy), xy + wz, xz - wy, 0.0));
+  setCol(1, vec4d(xy - wz, 1.0 - (zz + xx), yz + wx, 0.0));
+  setCol(2, vec4d(xz + wy, yz - wx, 1.0 - (yy + xx), 0.0));
+  setCol(3, vec4d(0.0, 0.0, 0.0, 1.0));
 }
 
 void mat4x4::rotate(const MQuat& q) {
