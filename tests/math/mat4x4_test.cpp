@@ -67,11 +67,6 @@ mat4x4 diagonal(double a, double b, double c, double d) {
   return m;
 }
 
-TEST(Mat4x4, DefaultConstructionLeavesValuesUnset) {
-  // Only a trivial default constructor can leave them unset.
-  EXPECT_TRUE(std::is_trivially_default_constructible<mat4x4>::value);
-}
-
 TEST(Mat4x4, SubscriptReturnsAColumn) {
   mat4x4 m = sample();
   EXPECT_EQ(m[0], static_cast<double*>(m));
