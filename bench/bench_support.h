@@ -1,4 +1,4 @@
-// Glue shared by the benchmark programs: seeded inputs built once per program,
+// Glue shared by the benchmark programs: inputs built once per program,
 // and the loop that cycles through them. All of it is inline, so a benchmark
 // written on it compiles to the loop it would be by hand, for the library and
 // the references alike.
@@ -7,8 +7,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -29,21 +27,6 @@ const Inputs& shared() {
   static const Inputs in;
   return in;
 }
-
-// Uniform doubles from a fixed seed: every run and every implementation sees
-// the same values.
-class Random {
- public:
-  explicit Random(std::uint32_t seed) : rng_(seed) {}
-
-  // In [lo, hi).
-  double uniform(double lo, double hi) {
-    return std::uniform_real_distribution<double>(lo, hi)(rng_);
-  }
-
- private:
-  std::mt19937 rng_;
-};
 
 // Each iteration stores op(i) in an R and hands it to DoNotOptimize, i
 // cycling through the inputs. Naming R makes Eigen evaluate its lazy

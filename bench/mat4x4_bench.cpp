@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "bench_support.h"
+#include "math/random_values.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ struct Inputs : bench::SameValues<mat4x4, Eigen::Matrix4d, glm::dmat4> {
   std::vector<glm::dvec3> glmPts;
 
   Inputs() {
-    bench::Random rng(8675309);
+    mathtest::RandomValues rng(8675309);
     for (std::size_t n = 0; n < bench::kInputs; ++n) {
       double e[16];
       for (double& x : e) {

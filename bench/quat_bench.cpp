@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "bench_support.h"
+#include "math/random_values.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ struct Inputs : bench::SameValues<MQuat, Eigen::Quaterniond, glm::dquat> {
   std::vector<double> t;
 
   Inputs() {
-    bench::Random rng(271828);
+    mathtest::RandomValues rng(271828);
     while (lg.size() < bench::kInputs) {
       MQuat q(rng.uniform(-1.0, 1.0), rng.uniform(-1.0, 1.0), rng.uniform(-1.0, 1.0),
               rng.uniform(-1.0, 1.0));

@@ -10,14 +10,19 @@
 #include <lumagrid/vec4d.h>
 
 #include "fuzz_input.h"
-#include "math/reference_math.h"  // from tests/
-#include "math/tolerance.h"       // from src/
+#include "math/bit_compare.h"      // from tests/support/
+#include "math/matrix_equality.h"  // from tests/support/
+#include "math/reference_math.h"   // from tests/support/
+#include "math/tolerance.h"        // from src/
 
 #include <cmath>
 
 namespace mathfuzz {
 
 using lumagrid::detail::kTolerance;
+using mathtest::equalNoNaN;
+using mathtest::equalOrBothNaN;
+using mathtest::sameBitsAll;
 
 // The input, and the current matrix and quaternion that operations read and
 // replace, so that they compose.
@@ -42,11 +47,14 @@ struct MathState {
     return vec4d(x, y, z, w);
   }
   MQuat Quat() {
-    const double x = Num();
-    const double y = Num();
-    const double z = Num();
-    const double w = Num();
-    return MQuat(x, y, z, w);
+    const vec4d v = Vec4();
+    return MQuat(v.x(), v.y(), v.z(), v.w());
+  }
+  // n vectors, read in turn.
+  void Vec3s(vec3d* out, int n) {
+    for (int i = 0; i < n; ++i) {
+      out[i] = Vec3();
+    }
   }
   mat4x4 Matrix() {
     mat4x4 m;
@@ -70,11 +78,6 @@ struct MathState {
 };
 
 // ------------------------------------------------------------ predicates
-
-// Equal, or both NaN.
-inline bool Same(const double a, const double b) {
-  return a == b || (std::isnan(a) && std::isnan(b));
-}
 
 inline const double* E(const mat4x4& m) {
   return static_cast<const double*>(m);
@@ -105,29 +108,6 @@ inline mat4x4 Identity() {
   mat4x4 m;
   m.identity();
   return m;
-}
-
-inline bool SameBits(const mat4x4& a, const mat4x4& b) {
-  return reference::sameBits(E(a), E(b), 16);
-}
-
-inline bool SameValues(const mat4x4& a, const mat4x4& b) {
-  for (int k = 0; k < 16; ++k) {
-    if (!Same(E(a)[k], E(b)[k])) {
-      return false;
-    }
-  }
-  return true;
-}
-
-// Exactly equal (0 and -0 alike); false for NaNs.
-inline bool Equal(const mat4x4& a, const mat4x4& b) {
-  for (int k = 0; k < 16; ++k) {
-    if (!(E(a)[k] == E(b)[k])) {
-      return false;
-    }
-  }
-  return true;
 }
 
 inline bool Equal(const vec3d& a, const vec3d& b) {

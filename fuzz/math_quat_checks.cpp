@@ -1,5 +1,6 @@
-// MQuat and MRot: round trips through matrices, interpolation end points,
-// the product against its formula, and axis-angle conversions.
+// MQuat and MRot on any input: round trips through matrices, interpolation
+// end points, the product's forms agreeing, and axis-angle conversions. The
+// formulas on single values are the unit tests' job.
 
 #include <lumagrid/MRot.h>
 
@@ -38,9 +39,6 @@ void QuatFromMatrix(MathState& fz) {
     minus.neg();
     FUZZ_CHECK(std::min(QuatDistance(back, q), QuatDistance(back, minus)) < 1e-9);
   }
-  const MQuat fromIdentity(Identity());
-  FUZZ_CHECK(fromIdentity.x == 0.0 && fromIdentity.y == 0.0 && fromIdentity.z == 0.0 &&
-             fromIdentity.w == 1.0);
   fz.quat = q;
 }
 
@@ -86,32 +84,23 @@ void QuatAlgebra(MathState& fz) {
   const MQuat p = a * b;
   MQuat t;
   t.mul(a, b);
-  FUZZ_CHECK(Same(t.x, p.x) && Same(t.y, p.y) && Same(t.z, p.z) && Same(t.w, p.w));
+  FUZZ_CHECK(equalOrBothNaN(&t.x, &p.x, 4));
   t = a;
   t *= b;
-  FUZZ_CHECK(Same(t.x, p.x) && Same(t.y, p.y) && Same(t.z, p.z) && Same(t.w, p.w));
-  if (fz.in.IsTame() && IsTame(a.x) && IsTame(a.y) && IsTame(a.z) && IsTame(a.w)) {
-    // Exact for small multiples of 1/64 (the current quaternion may be any).
-    FUZZ_CHECK(p.x == a.x * b.w + a.w * b.x + a.y * b.z - a.z * b.y);
-    FUZZ_CHECK(p.y == a.w * b.y + a.y * b.w + a.z * b.x - a.x * b.z);
-    FUZZ_CHECK(p.z == a.w * b.z + a.z * b.w + a.x * b.y - a.y * b.x);
-    FUZZ_CHECK(p.w == a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z);
-  }
+  FUZZ_CHECK(equalOrBothNaN(&t.x, &p.x, 4));
 
   FUZZ_CHECK((a == a) == Finite(a));
   FUZZ_CHECK((a != a) == !Finite(a));
-  FUZZ_CHECK(Same(a.dot(b), b.dot(a)));
-  FUZZ_CHECK(Same(a.squared(), a.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a.dot(b), b.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a.squared(), a.dot(a)));
 
   const MQuat scaled = a * s;
-  FUZZ_CHECK(Same(scaled.x, a.x * s) && Same(scaled.w, a.w * s));
   t = a;
   t *= s;
+  FUZZ_CHECK(equalOrBothNaN(&t.x, &scaled.x, 4));
   t.scalar(s);
   t.neg();
-  const MQuat negated = t;
   t.abs();
-  FUZZ_CHECK(Same(t.x, std::fabs(negated.x)) && Same(t.w, std::fabs(negated.w)));
 
   MQuat n = a;
   n.normalize();
@@ -149,9 +138,6 @@ void QuatAlgebra(MathState& fz) {
     }
   }
 
-  t.set(s, s, s, s);
-  t.identity();
-  FUZZ_CHECK(t.x == 0.0 && t.y == 0.0 && t.z == 0.0 && t.w == 1.0);
   fz.quat = fz.in.Bool() ? p : n;
 }
 
@@ -159,13 +145,10 @@ void Rot(MathState& fz) {
   const vec3d axis = fz.Vec3();
   const double angle = fz.Num();
 
-  const MRot def;
-  FUZZ_CHECK(def.axis.x() == 1.0 && def.axis.y() == 0.0 && def.axis.z() == 0.0 && def.angle == 0.0);
   MRot r(axis, angle);
   const MQuat q = r;
   const MQuat direct(axis, angle);
-  FUZZ_CHECK(Same(q.x, direct.x) && Same(q.y, direct.y) && Same(q.z, direct.z) &&
-             Same(q.w, direct.w));
+  FUZZ_CHECK(equalOrBothNaN(&q.x, &direct.x, 4));
   if (axis.length() < kTolerance) {
     FUZZ_CHECK(q.x == 0.0 && q.y == 0.0 && q.z == 0.0 && q.w == 1.0);
   }

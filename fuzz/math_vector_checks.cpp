@@ -1,5 +1,7 @@
-// vec3d and vec4d: normalisation, perpendiculars, Hermite end points and the
-// component-wise operations, against the same arithmetic done here.
+// vec3d and vec4d on any input: normalisation, perpendiculars, Hermite end
+// points, and the named and operator forms of each operation agreeing. What a
+// single value shows (the component-wise formulas, set, copy, min, max) is
+// the unit tests' job.
 
 #include "math_fuzz.h"
 
@@ -7,18 +9,6 @@
 #include <cmath>
 
 namespace mathfuzz {
-
-namespace {
-
-// Same bit patterns in every component.
-bool SameBits(const vec3d& a, const vec3d& b) {
-  return reference::sameBits(static_cast<const double*>(a), static_cast<const double*>(b), 3);
-}
-bool SameBits(const vec4d& a, const vec4d& b) {
-  return reference::sameBits(static_cast<const double*>(a), static_cast<const double*>(b), 4);
-}
-
-}  // namespace
 
 void Vec3Normalize(MathState& fz) {
   const vec3d v = fz.Vec3();
@@ -96,38 +86,31 @@ void Vec3Misc(MathState& fz) {
   const vec3d sum = a + b;
   const vec3d diff = a - b;
   const vec3d neg = -a;
-  const vec3d scaled = a * s;
   for (int k = 0; k < 3; ++k) {
-    FUZZ_CHECK(Same(sum[k], a[k] + b[k]));
-    FUZZ_CHECK(Same(diff[k], a[k] - b[k]));
     FUZZ_CHECK(std::signbit(neg[k]) != std::signbit(a[k]));
-    FUZZ_CHECK(Same(scaled[k], a[k] * s));
   }
   vec3d t;
   t.add(a, b);
-  FUZZ_CHECK(Same(t.x(), sum.x()) && Same(t.y(), sum.y()) && Same(t.z(), sum.z()));
+  FUZZ_CHECK(equalOrBothNaN(t, sum, 3));
   t.sub(a, b);
-  FUZZ_CHECK(Same(t.x(), diff.x()) && Same(t.y(), diff.y()) && Same(t.z(), diff.z()));
+  FUZZ_CHECK(equalOrBothNaN(t, diff, 3));
   t = a;
   t.neg();
-  FUZZ_CHECK(SameBits(t, neg));
+  FUZZ_CHECK(sameBitsAll(t, neg));
   t = a;
   t.abs();
-  for (int k = 0; k < 3; ++k) {
-    FUZZ_CHECK(Same(t[k], std::fabs(a[k])));
-  }
   t = a;
   t += b;
   t -= c;
   t *= s;
   t.scalar(s);
   const vec3d plus = +a;
-  FUZZ_CHECK(SameBits(plus, a));
+  FUZZ_CHECK(sameBitsAll(plus, a));
 
-  FUZZ_CHECK(Same(a.dot(b), b.dot(a)));
-  FUZZ_CHECK(Same(a * b, a.dot(b)));
-  FUZZ_CHECK(Same(a.squared(), a.dot(a)));
-  FUZZ_CHECK(Same(a.length(), std::sqrt(a.squared())));
+  FUZZ_CHECK(equalOrBothNaN(a.dot(b), b.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a * b, a.dot(b)));
+  FUZZ_CHECK(equalOrBothNaN(a.squared(), a.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a.length(), std::sqrt(a.squared())));
 
   vec3d x;
   x.cross(a, b);
@@ -141,24 +124,15 @@ void Vec3Misc(MathState& fz) {
     FUZZ_CHECK(Equal(t, a));
   }
   t.lerp(a, b, s);
-
   t = a;
   t.min(b);
-  for (int k = 0; k < 3; ++k) {
-    FUZZ_CHECK(Same(t[k], a[k] > b[k] ? b[k] : a[k]));
-  }
-  t = a;
-  t.max(b);
-  for (int k = 0; k < 3; ++k) {
-    FUZZ_CHECK(Same(t[k], b[k] > a[k] ? b[k] : a[k]));
-  }
-
+  t.max(c);
   t.linear_comb(s, a, -s, b);
   t.normal(a, b, c);
 
   t = a;
   t.homogenize();
-  FUZZ_CHECK(Same(t.z(), a.z()));
+  FUZZ_CHECK(equalOrBothNaN(t.z(), a.z()));
   t = a;
   t.rationalize();
   if (std::fabs(a.z()) < kTolerance) {
@@ -172,15 +146,6 @@ void Vec3Misc(MathState& fz) {
     FUZZ_CHECK(IsZero(t));
   } else {
     FUZZ_CHECK(t.z() == 1.0);
-  }
-
-  t.set(s, s, s);
-  t.zero();
-  FUZZ_CHECK(IsZero(t));
-  t.copy(c);
-  FUZZ_CHECK(SameBits(t, c));
-  for (int k = 0; k < 3; ++k) {
-    FUZZ_CHECK(Same(t.get(k), c[k]));
   }
 }
 
@@ -197,7 +162,7 @@ void Vec4Misc(MathState& fz) {
   const double l = a.length();
   if (l < kTolerance) {
     // Left as it was, unlike vec3d::normalize.
-    FUZZ_CHECK(SameBits(n, a));
+    FUZZ_CHECK(sameBitsAll(n, a));
   } else if (Finite(a) && Finite(l)) {
     FUZZ_CHECK(std::fabs(n.length() - 1.0) < 1e-13);
   }
@@ -213,7 +178,7 @@ void Vec4Misc(MathState& fz) {
     FUZZ_CHECK(rr == 1.0 && cr == 1.0 && r.w() == 1.0 && c.w() == 1.0);
   }
   for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(r[k], c[k]));
+    FUZZ_CHECK(equalOrBothNaN(r[k], c[k]));
   }
 
   const vec3d guarded = a.operator vec3d();
@@ -223,38 +188,23 @@ void Vec4Misc(MathState& fz) {
   const vec3d divided(a);  // divides whatever w is
   static_cast<void>(divided);
   const vec4d lifted(vec3d(a.x(), a.y(), a.z()));
-  FUZZ_CHECK(Same(lifted.x(), a.x()) && Same(lifted.y(), a.y()) && Same(lifted.z(), a.z()) &&
-             lifted.w() == 1.0);
+  FUZZ_CHECK(equalOrBothNaN(lifted.x(), a.x()) && equalOrBothNaN(lifted.y(), a.y()) &&
+             equalOrBothNaN(lifted.z(), a.z()) && lifted.w() == 1.0);
 
   const vec4d sum = a + b;
   const vec4d diff = a - b;
   const vec4d neg = -a;
-  const vec4d scaled = a * s;
   for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(sum[k], a[k] + b[k]));
-    FUZZ_CHECK(Same(diff[k], a[k] - b[k]));
     FUZZ_CHECK(std::signbit(neg[k]) != std::signbit(a[k]));
-    FUZZ_CHECK(Same(scaled[k], a[k] * s));
   }
   vec4d t;
   t.sub(a, b);
-  for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(t[k], diff[k]));
-  }
+  FUZZ_CHECK(equalOrBothNaN(t, diff, 4));
   t.add(a, b);
-  for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(t[k], sum[k]));
-  }
+  FUZZ_CHECK(equalOrBothNaN(t, sum, 4));
   t = a;
   t.min(b);
-  for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(t[k], a[k] > b[k] ? b[k] : a[k]));
-  }
-  t = a;
-  t.max(b);
-  for (int k = 0; k < 4; ++k) {
-    FUZZ_CHECK(Same(t[k], b[k] > a[k] ? b[k] : a[k]));
-  }
+  t.max(a);
   t.lerp(a, b, 0.0);
   if (Finite(a) && Finite(diff)) {
     FUZZ_CHECK(t.x() == a.x() && t.y() == a.y() && t.z() == a.z() && t.w() == a.w());
@@ -262,7 +212,7 @@ void Vec4Misc(MathState& fz) {
   t.lerp(a, b, s);
   t = a;
   t.homogenize();
-  FUZZ_CHECK(Same(t.w(), a.w()));
+  FUZZ_CHECK(equalOrBothNaN(t.w(), a.w()));
   t.neg();
   t.abs();
   t += b;
@@ -270,9 +220,9 @@ void Vec4Misc(MathState& fz) {
   t *= s;
   t.scalar(s);
   t.linear_comb(s, a, s, b);
-  FUZZ_CHECK(Same(a.dot(b), b.dot(a)));
-  FUZZ_CHECK(Same(a * b, a.dot(b)));
-  FUZZ_CHECK(Same(a.squared(), a.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a.dot(b), b.dot(a)));
+  FUZZ_CHECK(equalOrBothNaN(a * b, a.dot(b)));
+  FUZZ_CHECK(equalOrBothNaN(a.squared(), a.dot(a)));
 }
 
 }  // namespace mathfuzz

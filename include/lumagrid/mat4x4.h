@@ -2,6 +2,7 @@
 #define LUMAGRID_MAT4X4_H
 
 #include <lumagrid/lumagrid_export.h>
+#include <lumagrid/math_kernels.h>
 #include <lumagrid/vec3d.h>
 #include <lumagrid/vec4d.h>
 
@@ -123,35 +124,19 @@ namespace lumagrid::detail {
 // with the library's own flags: the bits the inline path must give.
 LUMAGRID_API void transformPointCall(const double* m, double* v);
 
+// The point transform the members below and the library's own code use.
+[[gnu::always_inline]] inline void transformPoint(const double* m, double* v) {
 #if defined(LUMAGRID_INLINE_KERNELS)
-// The same, rows 0-1 and rows 2-3 side by side; row 3 is computed and
-// dropped.
-[[gnu::always_inline]] inline void transformPointSse2(const double* m, double* v) {
-  const __m128d xy = _mm_loadu_pd(v);
-  const __m128d x = _mm_unpacklo_pd(xy, xy);
-  const __m128d y = _mm_unpackhi_pd(xy, xy);
-  const __m128d z = _mm_load1_pd(v + 2);
-  __m128d lo = mulRounded(_mm_loadu_pd(m), x);
-  __m128d hi = mulRounded(_mm_loadu_pd(m + 2), x);
-  lo = _mm_add_pd(lo, mulRounded(_mm_loadu_pd(m + 4), y));
-  hi = _mm_add_pd(hi, mulRounded(_mm_loadu_pd(m + 6), y));
-  lo = _mm_add_pd(lo, mulRounded(_mm_loadu_pd(m + 8), z));
-  hi = _mm_add_pd(hi, mulRounded(_mm_loadu_pd(m + 10), z));
-  lo = _mm_add_pd(lo, _mm_loadu_pd(m + 12));
-  hi = _mm_add_pd(hi, _mm_loadu_pd(m + 14));
-  _mm_storeu_pd(v, lo);
-  _mm_store_sd(v + 2, hi);
-}
+  transformPointSse2(m, v);
+#else
+  transformPointCall(m, v);
 #endif
+}
 
 }  // namespace lumagrid::detail
 
 inline void mat4x4::transform(vec3d& v) const {
-#if defined(LUMAGRID_INLINE_KERNELS)
-  lumagrid::detail::transformPointSse2(m_e, v);
-#else
-  lumagrid::detail::transformPointCall(m_e, v);
-#endif
+  lumagrid::detail::transformPoint(m_e, v);
 }
 
 inline vec3d mat4x4::operator*(const vec3d& v) const {

@@ -84,30 +84,4 @@ static_assert(std::is_standard_layout<vec3d>::value, "vec3d has C layout");
 
 LUMAGRID_API std::ostream& operator<<(std::ostream& os, const vec3d& v);
 
-// The smallest kernels (point transform, quaternion product) are inline for
-// speed, yet must give the library's bits in a host built with FMA
-// contraction. Where the compiler takes GNU asm and targets SSE2 they are
-// written on mulRounded(); elsewhere they call the library.
-// LUMAGRID_PORTABLE_MATH turns every SSE2 kernel off, so that CI builds and
-// tests the plain ones as the library itself would use them.
-#if defined(__SSE2__) && defined(__GNUC__) && !defined(LUMAGRID_PORTABLE_MATH)
-#include <emmintrin.h>
-#define LUMAGRID_INLINE_KERNELS 1
-
-namespace lumagrid::detail {
-
-// a * b rounded on its own: the empty asm hides the product from the
-// optimizer, so it cannot be fused with the sum it feeds, whatever the
-// host's -ffp-contract or -mfma, and costs no instruction. (GCC will not
-// inline a function carrying its own fp-contract setting, and clang's
-// pragma does not reach into the intrinsics' bodies.)
-[[gnu::always_inline]] inline __m128d mulRounded(__m128d a, __m128d b) {
-  __m128d p = _mm_mul_pd(a, b);
-  __asm__("" : "+x"(p));
-  return p;
-}
-
-}  // namespace lumagrid::detail
-#endif
-
 #endif

@@ -91,8 +91,10 @@ void MQuat::identity() {
   set(0.0, 0.0, 0.0, 1.0);
 }
 
+// The plain path: where the inline one is SSE2 it gives the same bits, and
+// where it is not, it is this call.
 MQuat lumagrid::detail::quatProductCall(const MQuat& a, const MQuat& b) {
-  return quatProduct(a, b);
+  return quatProductPlain(a, b);
 }
 
 MQuat MQuat::operator*(double s) const {

@@ -1,5 +1,6 @@
 #include <lumagrid/mat4x4.h>
 
+#include "math/elementwise.h"
 #include "math/mat4x4_inverse.h"
 #include "math/mat4x4_product.h"
 
@@ -8,7 +9,7 @@
 #include <cmath>
 
 using lumagrid::detail::kTolerance;
-using lumagrid::detail::product;
+using lumagrid::detail::matrixProduct;
 
 namespace {
 
@@ -110,13 +111,13 @@ mat4x4& mat4x4::operator-=(const mat4x4& m) {
 
 mat4x4 mat4x4::operator*(const mat4x4& m) const {
   mat4x4 r;
-  product(r.m_e, m_e, m.m_e);
+  matrixProduct(r.m_e, m_e, m.m_e);
   return r;
 }
 
 mat4x4& mat4x4::operator*=(const mat4x4& m) {
   mat4x4 r;
-  product(r.m_e, m_e, m.m_e);
+  matrixProduct(r.m_e, m_e, m.m_e);
   copy(r);
   return *this;
 }
@@ -162,7 +163,7 @@ void mat4x4::sub(const mat4x4& a, const mat4x4& b) {
 }
 
 void mat4x4::mul(const mat4x4& a, const mat4x4& b) {
-  product(m_e, a.m_e, b.m_e);
+  matrixProduct(m_e, a.m_e, b.m_e);
 }
 
 void mat4x4::transpose() {
@@ -238,13 +239,7 @@ void mat4x4::reorthogonalize(int n) {
 }
 
 bool mat4x4::cmp(const mat4x4& m, double eps) const {
-  for (int k = 0; k < 16; ++k) {
-    // Written so that a NaN difference passes.
-    if (std::fabs(m_e[k] - m.m_e[k]) > eps) {
-      return false;
-    }
-  }
-  return true;
+  return lumagrid::detail::noneFartherThan(m_e, m.m_e, 16, eps);
 }
 
 bool mat4x4::operator==(const mat4x4& m) const {

@@ -9,6 +9,23 @@
 
 using lumagrid::detail::kTolerance;
 
+namespace {
+
+// a x b scaled to unit length (or cleared, as normalize() does).
+vec3d unitCross(const vec3d& a, const vec3d& b) {
+  vec3d c;
+  c.cross(a, b);
+  c.normalize();
+  return c;
+}
+
+// Axis a of a frame and its offset -a.e, as one column of loadOrient().
+vec4d frameColumn(const vec3d& a, const vec3d& e) {
+  return vec4d(a.x(), a.y(), a.z(), -a.dot(e));
+}
+
+}  // namespace
+
 void mat4x4::loadRotate(const MQuat& q) {
   const double n = q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w;
   // 2/n normalises a non-unit quaternion on the way.
@@ -26,22 +43,10 @@ void mat4x4::loadRotate(const MQuat& q) {
   const double wy = q.w * ys;
   const double wz = q.w * zs;
 
-  m_e[0] = 1.0 - (zz + yy);
-  m_e[1] = xy + wz;
-  m_e[2] = xz - wy;
-  m_e[3] = 0.0;
-  m_e[4] = xy - wz;
-  m_e[5] = 1.0 - (zz + xx);
-  m_e[6] = yz + wx;
-  m_e[7] = 0.0;
-  m_e[8] = xz + wy;
-  m_e[9] = yz - wx;
-  m_e[10] = 1.0 - (yy + xx);
-  m_e[11] = 0.0;
-  m_e[12] = 0.0;
-  m_e[13] = 0.0;
-  m_e[14] = 0.0;
-  m_e[15] = 1.0;
+  setCol(0, vec4d(1.0 - (zz + yy), xy + wz, xz - wy, 0.0));
+  setCol(1, vec4d(xy - wz, 1.0 - (zz + xx), yz + wx, 0.0));
+  setCol(2, vec4d(xz + wy, yz - wx, 1.0 - (yy + xx), 0.0));
+  setCol(3, vec4d(0.0, 0.0, 0.0, 1.0));
 }
 
 void mat4x4::rotate(const MQuat& q) {
@@ -111,12 +116,8 @@ void mat4x4::loadMirror(vec3d n) {
 int mat4x4::loadAlign(vec3d a, vec3d b) {
   a.normalize();
   b.normalize();
-  vec3d c;
-  c.cross(a, b);
-  c.normalize();
-  vec3d d;
-  d.cross(c, a);
-  d.normalize();
+  const vec3d c = unitCross(a, b);
+  const vec3d d = unitCross(c, a);
 
   mat4x4 r;
   r.identity();
@@ -163,31 +164,15 @@ int mat4x4::loadAlign(vec3d p0, vec3d p1, vec3d p2, vec3d q0, vec3d q1, vec3d q2
 int mat4x4::loadOrient(vec3d e, vec3d c, vec3d up) {
   vec3d f = e - c;
   f.normalize();
-  vec3d s;
-  s.cross(up, f);
-  s.normalize();
-  vec3d u;
-  u.cross(f, s);
-  u.normalize();
+  const vec3d s = unitCross(up, f);
+  const vec3d u = unitCross(f, s);
 
   // The frame stands in columns with the offsets in the bottom row: the
   // transpose of a viewing matrix.
-  m_e[0] = s.x();
-  m_e[1] = s.y();
-  m_e[2] = s.z();
-  m_e[3] = -s.dot(e);
-  m_e[4] = u.x();
-  m_e[5] = u.y();
-  m_e[6] = u.z();
-  m_e[7] = -u.dot(e);
-  m_e[8] = f.x();
-  m_e[9] = f.y();
-  m_e[10] = f.z();
-  m_e[11] = -f.dot(e);
-  m_e[12] = 0.0;
-  m_e[13] = 0.0;
-  m_e[14] = 0.0;
-  m_e[15] = 1.0;
+  setCol(0, frameColumn(s, e));
+  setCol(1, frameColumn(u, e));
+  setCol(2, frameColumn(f, e));
+  setCol(3, vec4d(0.0, 0.0, 0.0, 1.0));
   return 1;
 }
 

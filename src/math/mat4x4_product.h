@@ -1,18 +1,14 @@
 #ifndef LUMAGRID_SRC_MATH_MAT4X4_PRODUCT_H
 #define LUMAGRID_SRC_MATH_MAT4X4_PRODUCT_H
 
-#include <lumagrid/vec3d.h>  // LUMAGRID_INLINE_KERNELS
-
-#if defined(LUMAGRID_INLINE_KERNELS)
-#include <emmintrin.h>
-#endif
+#include <lumagrid/math_kernels.h>  // LUMAGRID_INLINE_KERNELS
 
 namespace lumagrid::detail {
 
 // r = a * b on sixteen values each, every element summed left to right from
 // +0.0, which turns an all-(-0.0) sum into +0.0. All of a and a whole column
 // of b are read before that column of r is written, so r may be a or b.
-inline void productPlain(double* r, const double* a, const double* b) {
+inline void matrixProductPlain(double* r, const double* a, const double* b) {
   double cols[16];
   for (int k = 0; k < 16; ++k) {
     cols[k] = a[k];
@@ -34,8 +30,8 @@ inline void productPlain(double* r, const double* a, const double* b) {
 
 #if defined(LUMAGRID_INLINE_KERNELS)
 // One column of the product, rows 0-1 and 2-3 side by side, with the same
-// operations in the same order as productPlain().
-[[gnu::always_inline]] inline void productColumnSse2(double* r, const __m128d* a, const double* b) {
+// operations in the same order as matrixProductPlain().
+[[gnu::always_inline]] inline void matrixColumnSse2(double* r, const __m128d* a, const double* b) {
   const __m128d b01 = _mm_loadu_pd(b);
   const __m128d b23 = _mm_loadu_pd(b + 2);
   const __m128d b0 = _mm_unpacklo_pd(b01, b01);
@@ -54,23 +50,23 @@ inline void productPlain(double* r, const double* a, const double* b) {
   _mm_storeu_pd(r + 2, hi);
 }
 
-// productPlain() two rows at a time: the same bits, three times as fast.
-[[gnu::always_inline]] inline void productSse2(double* r, const double* a, const double* b) {
+// matrixProductPlain() two rows at a time: the same bits, three times as fast.
+[[gnu::always_inline]] inline void matrixProductSse2(double* r, const double* a, const double* b) {
   const __m128d cols[8] = {_mm_loadu_pd(a),      _mm_loadu_pd(a + 2), _mm_loadu_pd(a + 4),
                            _mm_loadu_pd(a + 6),  _mm_loadu_pd(a + 8), _mm_loadu_pd(a + 10),
                            _mm_loadu_pd(a + 12), _mm_loadu_pd(a + 14)};
-  productColumnSse2(r, cols, b);
-  productColumnSse2(r + 4, cols, b + 4);
-  productColumnSse2(r + 8, cols, b + 8);
-  productColumnSse2(r + 12, cols, b + 12);
+  matrixColumnSse2(r, cols, b);
+  matrixColumnSse2(r + 4, cols, b + 4);
+  matrixColumnSse2(r + 8, cols, b + 8);
+  matrixColumnSse2(r + 12, cols, b + 12);
 }
 #endif
 
-[[gnu::always_inline]] inline void product(double* r, const double* a, const double* b) {
+[[gnu::always_inline]] inline void matrixProduct(double* r, const double* a, const double* b) {
 #if defined(LUMAGRID_INLINE_KERNELS)
-  productSse2(r, a, b);
+  matrixProductSse2(r, a, b);
 #else
-  productPlain(r, a, b);
+  matrixProductPlain(r, a, b);
 #endif
 }
 

@@ -1,6 +1,7 @@
 #include <lumagrid/vec3d.h>
 #include <lumagrid/vec4d.h>
 
+#include "math/elementwise.h"
 #include "math/tolerance.h"
 
 #include <cmath>
@@ -132,29 +133,15 @@ void vec3d::lerp(const vec3d& a, const vec3d& b, double t) {
 }
 
 void vec3d::min(const vec3d& v) {
-  for (int i = 0; i < 3; ++i) {
-    if (m_v[i] > v.m_v[i]) {
-      m_v[i] = v.m_v[i];
-    }
-  }
+  lumagrid::detail::takeSmaller(m_v, v.m_v, 3);
 }
 
 void vec3d::max(const vec3d& v) {
-  for (int i = 0; i < 3; ++i) {
-    if (v.m_v[i] > m_v[i]) {
-      m_v[i] = v.m_v[i];
-    }
-  }
+  lumagrid::detail::takeLarger(m_v, v.m_v, 3);
 }
 
 bool vec3d::cmp(const vec3d& v, double eps) const {
-  for (int i = 0; i < 3; ++i) {
-    // Written so that a NaN difference fails.
-    if (!(std::fabs(m_v[i] - v.m_v[i]) < eps)) {
-      return false;
-    }
-  }
-  return true;
+  return lumagrid::detail::allCloserThan(m_v, v.m_v, 3, eps);
 }
 
 bool vec3d::operator==(const vec3d& v) const {

@@ -1,5 +1,6 @@
 #include <lumagrid/vec4d.h>
 
+#include "math/elementwise.h"
 #include "math/tolerance.h"
 
 #include <cmath>
@@ -112,29 +113,15 @@ void vec4d::lerp(const vec4d& a, const vec4d& b, double t) {
 }
 
 void vec4d::min(const vec4d& v) {
-  for (int i = 0; i < 4; ++i) {
-    if (m_v[i] > v.m_v[i]) {
-      m_v[i] = v.m_v[i];
-    }
-  }
+  lumagrid::detail::takeSmaller(m_v, v.m_v, 4);
 }
 
 void vec4d::max(const vec4d& v) {
-  for (int i = 0; i < 4; ++i) {
-    if (v.m_v[i] > m_v[i]) {
-      m_v[i] = v.m_v[i];
-    }
-  }
+  lumagrid::detail::takeLarger(m_v, v.m_v, 4);
 }
 
 bool vec4d::cmp(const vec4d& v, double eps) const {
-  for (int i = 0; i < 4; ++i) {
-    // Written so that a NaN difference fails.
-    if (!(std::fabs(m_v[i] - v.m_v[i]) < eps)) {
-      return false;
-    }
-  }
-  return true;
+  return lumagrid::detail::allCloserThan(m_v, v.m_v, 4, eps);
 }
 
 bool vec4d::operator==(const vec4d& v) const {

@@ -8,11 +8,12 @@
 #include <random>
 #include <string>
 
-#include "reference_math.h"
+#include "math/bit_compare.h"
+#include "math/random_values.h"
 
 namespace {
 
-using reference::bits;
+using mathtest::bits;
 
 const double kPi = 3.14159265358979323846;
 
@@ -55,6 +56,18 @@ void expectBits(const vec4d& v, double x, double y, double z, double w) {
   EXPECT_EQ(bits(v.w()), bits(w)) << "w: " << v.w() << " vs " << w;
 }
 
+// sample() with (1, -2, 0.5) in its own axes added to (sign 1) or taken from
+// (sign -1) its translation, the step summed x, y, z.
+void sampleMovedBy(double sign, double (&e)[16]) {
+  const mat4x4 original = sample();
+  const double* s = original;
+  std::memcpy(e, s, sizeof e);
+  for (int r = 0; r < 3; ++r) {
+    const double step = 1.0 * s[r] + -2.0 * s[4 + r] + 0.5 * s[8 + r];
+    e[12 + r] = sign > 0.0 ? s[12 + r] + step : s[12 + r] - step;
+  }
+}
+
 TEST(Mat4x4Axis, LoadTranslateIsIdentityWithATranslation) {
   mat4x4 m = sample();
   m.loadTranslate(1.0, 2.0, 3.0);
@@ -65,13 +78,8 @@ TEST(Mat4x4Axis, LoadTranslateIsIdentityWithATranslation) {
 TEST(Mat4x4Axis, TranslateMultipliesOnTheRight) {
   mat4x4 m = sample();
   m.translate(1.0, -2.0, 0.5);
-  const mat4x4 original = sample();
-  const double* s = original;
   double e[16];
-  std::memcpy(e, s, sizeof e);
-  e[12] = s[12] + (1.0 * s[0] + -2.0 * s[4] + 0.5 * s[8]);
-  e[13] = s[13] + (1.0 * s[1] + -2.0 * s[5] + 0.5 * s[9]);
-  e[14] = s[14] + (1.0 * s[2] + -2.0 * s[6] + 0.5 * s[10]);
+  sampleMovedBy(1.0, e);
   EXPECT_TRUE(bitsEqual(m, e));
   mat4x4 v = sample();
   v.translate(vec3d(1.0, -2.0, 0.5));
@@ -91,13 +99,8 @@ TEST(Mat4x4Axis, TranslateLeavesIndex15Unchanged) {
 TEST(Mat4x4Axis, TranslateNegSubtractsTheSameSum) {
   mat4x4 m = sample();
   m.translateNeg(vec3d(1.0, -2.0, 0.5));
-  const mat4x4 original = sample();
-  const double* s = original;
   double e[16];
-  std::memcpy(e, s, sizeof e);
-  e[12] = s[12] - (1.0 * s[0] + -2.0 * s[4] + 0.5 * s[8]);
-  e[13] = s[13] - (1.0 * s[1] + -2.0 * s[5] + 0.5 * s[9]);
-  e[14] = s[14] - (1.0 * s[2] + -2.0 * s[6] + 0.5 * s[10]);
+  sampleMovedBy(-1.0, e);
   EXPECT_TRUE(bitsEqual(m, e));
 }
 
@@ -303,12 +306,12 @@ TEST(Mat4x4Axis, TransformVec4dIsTheFullProduct) {
 }
 
 TEST(Mat4x4Axis, TransformMatchesTheOrderedSumsOnRandomInputs) {
-  std::mt19937 rng(1234);
+  mathtest::RandomValues rng(1234);
   for (int n = 0; n < 1000; ++n) {
     double e[16];
-    reference::randomFill(rng, e, 16, -5.0, 5.0);
+    rng.fill(e, 16, -5.0, 5.0);
     double p[4];
-    reference::randomFill(rng, p, 4, -5.0, 5.0);
+    rng.fill(p, 4, -5.0, 5.0);
     const mat4x4 m = fromArray(e);
     vec3d v(p[0], p[1], p[2]);
     m.transform(v);

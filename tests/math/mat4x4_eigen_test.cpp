@@ -10,6 +10,8 @@
 #include <cmath>
 #include <random>
 
+#include "math/random_values.h"
+
 namespace {
 
 using MapM = Eigen::Map<Eigen::Matrix4d>;
@@ -19,21 +21,12 @@ MapCM view(const mat4x4& m) {
   return MapCM(static_cast<const double*>(m));
 }
 
-mat4x4 randomMatrix(std::mt19937& rng, double lo = -1.0, double hi = 1.0) {
-  std::uniform_real_distribution<double> dist(lo, hi);
-  mat4x4 m;
-  for (int i = 0; i < 16; ++i) {
-    static_cast<double*>(m)[i] = dist(rng);
-  }
-  return m;
-}
-
 // Random, with a dominant diagonal so that the condition number stays small.
-mat4x4 wellConditioned(std::mt19937& rng) {
-  mat4x4 m = randomMatrix(rng);
+mat4x4 wellConditioned(mathtest::RandomValues& rng) {
+  mat4x4 m = rng.matrix();
   std::uniform_int_distribution<int> sign(0, 1);
   for (int i = 0; i < 4; ++i) {
-    m[i][i] += sign(rng) ? 4.0 : -4.0;
+    m[i][i] += sign(rng.engine()) ? 4.0 : -4.0;
   }
   return m;
 }
@@ -45,28 +38,28 @@ double maxAbsDiff(const Eigen::Matrix4d& a, const Eigen::Matrix4d& b) {
 constexpr int kCases = 1000;
 
 TEST(Mat4x4Eigen, ProductMatchesEigen) {
-  std::mt19937 rng(101);
+  mathtest::RandomValues rng(101);
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 a = randomMatrix(rng, -10.0, 10.0);
-    const mat4x4 b = randomMatrix(rng, -10.0, 10.0);
+    const mat4x4 a = rng.matrix(-10.0, 10.0);
+    const mat4x4 b = rng.matrix(-10.0, 10.0);
     const Eigen::Matrix4d expected = view(a) * view(b);
     ASSERT_LT(maxAbsDiff(view(a * b), expected), 1e-12) << "case " << n;
   }
 }
 
 TEST(Mat4x4Eigen, DetMatchesEigen) {
-  std::mt19937 rng(202);
+  mathtest::RandomValues rng(202);
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
+    const mat4x4 m = rng.matrix(-3.0, 3.0);
     const double expected = view(m).determinant();
     ASSERT_NEAR(m.det(), expected, 1e-12 * (1.0 + std::fabs(expected))) << "case " << n;
   }
 }
 
 TEST(Mat4x4Eigen, TransposedDetIsTheSame) {
-  std::mt19937 rng(203);
+  mathtest::RandomValues rng(203);
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
+    const mat4x4 m = rng.matrix(-3.0, 3.0);
     mat4x4 t = m;
     t.transpose();
     ASSERT_NEAR(t.det(), m.det(), 1e-12) << "case " << n;
@@ -74,9 +67,9 @@ TEST(Mat4x4Eigen, TransposedDetIsTheSame) {
 }
 
 TEST(Mat4x4Eigen, AdjugateTimesMatrixIsDetTimesIdentity) {
-  std::mt19937 rng(303);
+  mathtest::RandomValues rng(303);
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 m = randomMatrix(rng, -3.0, 3.0);
+    const mat4x4 m = rng.matrix(-3.0, 3.0);
     mat4x4 a = m;
     a.adjoint();
     const double d = m.det();
@@ -87,7 +80,7 @@ TEST(Mat4x4Eigen, AdjugateTimesMatrixIsDetTimesIdentity) {
 }
 
 TEST(Mat4x4Eigen, AdjugateOfWellConditionedIsDetTimesEigensInverse) {
-  std::mt19937 rng(304);
+  mathtest::RandomValues rng(304);
   for (int n = 0; n < kCases; ++n) {
     const mat4x4 m = wellConditioned(rng);
     mat4x4 a = m;
@@ -99,7 +92,7 @@ TEST(Mat4x4Eigen, AdjugateOfWellConditionedIsDetTimesEigensInverse) {
 }
 
 TEST(Mat4x4Eigen, InverseMatchesEigen) {
-  std::mt19937 rng(404);
+  mathtest::RandomValues rng(404);
   for (int n = 0; n < kCases; ++n) {
     const mat4x4 m = wellConditioned(rng);
     mat4x4 inv = m;
@@ -110,10 +103,10 @@ TEST(Mat4x4Eigen, InverseMatchesEigen) {
 }
 
 TEST(Mat4x4Eigen, InverseOfGeneralRandomMatricesMatchesEigen) {
-  std::mt19937 rng(405);
+  mathtest::RandomValues rng(405);
   int inverted = 0;
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
+    const mat4x4 m = rng.matrix(-2.0, 2.0);
     const Eigen::Matrix4d em = view(m);
     Eigen::JacobiSVD<Eigen::Matrix4d> svd(em);
     const double cond = svd.singularValues()(0) / svd.singularValues()(3);
@@ -131,7 +124,7 @@ TEST(Mat4x4Eigen, InverseOfGeneralRandomMatricesMatchesEigen) {
 }
 
 TEST(Mat4x4Eigen, InverseTimesMatrixIsIdentity) {
-  std::mt19937 rng(406);
+  mathtest::RandomValues rng(406);
   for (int n = 0; n < kCases; ++n) {
     const mat4x4 m = wellConditioned(rng);
     mat4x4 inv = m;
@@ -144,14 +137,13 @@ TEST(Mat4x4Eigen, InverseTimesMatrixIsIdentity) {
 }
 
 TEST(Mat4x4Eigen, PointTransformMatchesEigen) {
-  std::mt19937 rng(505);
-  std::uniform_real_distribution<double> dist(-100.0, 100.0);
+  mathtest::RandomValues rng(505);
   for (int n = 0; n < kCases; ++n) {
-    mat4x4 m = randomMatrix(rng, -2.0, 2.0);
+    mat4x4 m = rng.matrix(-2.0, 2.0);
     // An affine bottom row, as the transform treats it.
     m[0][3] = m[1][3] = m[2][3] = 0.0;
     m[3][3] = 1.0;
-    vec3d v(dist(rng), dist(rng), dist(rng));
+    vec3d v = rng.vector(-100.0, 100.0);
     const Eigen::Vector4d expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), 1.0);
     const vec3d r = m * v;
     m.transform(v);
@@ -163,11 +155,11 @@ TEST(Mat4x4Eigen, PointTransformMatchesEigen) {
 }
 
 TEST(Mat4x4Eigen, Vec4dTransformMatchesEigen) {
-  std::mt19937 rng(506);
-  std::uniform_real_distribution<double> dist(-10.0, 10.0);
+  mathtest::RandomValues rng(506);
   for (int n = 0; n < kCases; ++n) {
-    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
-    vec4d v(dist(rng), dist(rng), dist(rng), dist(rng));
+    const mat4x4 m = rng.matrix(-2.0, 2.0);
+    vec4d v(rng.vector(-10.0, 10.0));
+    v.w() = rng.uniform(-10.0, 10.0);
     const Eigen::Vector4d expected = view(m) * Eigen::Vector4d(v.x(), v.y(), v.z(), v.w());
     const vec4d shortcut = m * v;
     m.transform(v);
@@ -180,11 +172,10 @@ TEST(Mat4x4Eigen, Vec4dTransformMatchesEigen) {
 }
 
 TEST(Mat4x4Eigen, AxisTransformsMatchEigensProducts) {
-  std::mt19937 rng(607);
-  std::uniform_real_distribution<double> angle(-3.0, 3.0);
+  mathtest::RandomValues rng(607);
   for (int n = 0; n < 200; ++n) {
-    const mat4x4 m = randomMatrix(rng, -2.0, 2.0);
-    const double a = angle(rng);
+    const mat4x4 m = rng.matrix(-2.0, 2.0);
+    const double a = rng.uniform(-3.0, 3.0);
     mat4x4 r;
     r.loadRotateX(a);
     mat4x4 x = m;

@@ -14,6 +14,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "math/random_values.h"
+
 namespace {
 
 static_assert(sizeof(MQuat) == 4 * sizeof(double), "MQuat is four doubles");
@@ -47,37 +49,6 @@ Eigen::Quaterniond toEigen(const MQuat& q) {
 MQuat aboutZ(double angle) {
   return MQuat(0.0, 0.0, std::sin(angle), std::cos(angle));
 }
-
-class RandomQuats {
- public:
-  explicit RandomQuats(unsigned seed) : m_gen(seed) {}
-
-  double uniform(double lo, double hi) {
-    return std::uniform_real_distribution<double>(lo, hi)(m_gen);
-  }
-
-  vec3d direction() {
-    for (;;) {
-      vec3d v(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-      const double l = v.length();
-      if (l > 0.1 && l <= 1.0) {
-        return v * (1.0 / l);
-      }
-    }
-  }
-
-  MQuat unit() {
-    MQuat q(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-    while (q.squared() < 0.01) {
-      q.set(uniform(-1, 1), uniform(-1, 1), uniform(-1, 1), uniform(-1, 1));
-    }
-    q.normalize();
-    return q;
-  }
-
- private:
-  std::mt19937 m_gen;
-};
 
 // ---------------------------------------------------------------- construction
 
@@ -131,7 +102,7 @@ TEST(MQuatTest, ShortAxisGivesTheIdentity) {
 }
 
 TEST(MQuatTest, AxisAngleMatchesEigenWithTheAngleNegated) {
-  RandomQuats rnd(11);
+  mathtest::RandomValues rnd(11);
   for (int n = 0; n < 200; ++n) {
     const vec3d axis = rnd.direction() * rnd.uniform(0.5, 3.0);
     const double angle = rnd.uniform(-2 * kPi, 2 * kPi);
@@ -153,8 +124,19 @@ TEST(MQuatTest, HamiltonProductOfUnitVectors) {
   expectQuat(i * i, 0, 0, 0, -1);
 }
 
-TEST(MQuatTest, HamiltonProductSumsInTheStatedOrder) {
-  RandomQuats rnd(12);
+TEST(MQuatTest, HamiltonProductGivesKnownValues) {
+  // (0.3, -1.7, 2.9, 0.11)(5.3, -0.7, -2.2, 0.01) is (6.356, 15.936, 8.587,
+  // 3.6011) exactly; the literals are its nearest doubles, which the library's
+  // sums reach here.
+  const MQuat p = MQuat(0.3, -1.7, 2.9, 0.11) * MQuat(5.3, -0.7, -2.2, 0.01);
+  EXPECT_EQ(p.x, 0x1.96c8b43958106p+2);
+  EXPECT_EQ(p.y, 0x1.fdf3b645a1cacp+3);
+  EXPECT_EQ(p.z, 0x1.12c8b43958106p+3);
+  EXPECT_EQ(p.w, 0x1.ccf0d844d013bp+1);
+}
+
+TEST(MQuatTest, HamiltonProductSumsEachComponentInOrder) {
+  mathtest::RandomValues rnd(12);
   for (int n = 0; n < 2000; ++n) {
     const MQuat a(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
     const MQuat b(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
@@ -173,10 +155,10 @@ TEST(MQuatTest, HamiltonProductSumsInTheStatedOrder) {
 }
 
 TEST(MQuatTest, ProductMatchesEigen) {
-  RandomQuats rnd(13);
+  mathtest::RandomValues rnd(13);
   for (int n = 0; n < 200; ++n) {
-    const MQuat a = rnd.unit();
-    const MQuat b = rnd.unit();
+    const MQuat a = rnd.unitQuat();
+    const MQuat b = rnd.unitQuat();
     const Eigen::Quaterniond e = toEigen(a) * toEigen(b);
     expectQuatNear(a * b, e.x(), e.y(), e.z(), e.w(), 1e-15);
   }
@@ -262,9 +244,9 @@ TEST(MQuatTest, InvertOfUnitQuaternionIsItsConjugate) {
   MQuat q(0, 0, 0.6, 0.8);
   q.invert();
   expectQuatNear(q, 0, 0, -0.6, 0.8, 1e-16);
-  RandomQuats rnd(14);
+  mathtest::RandomValues rnd(14);
   for (int n = 0; n < 50; ++n) {
-    const MQuat a = rnd.unit();
+    const MQuat a = rnd.unitQuat();
     MQuat b = a;
     b.invert();
     EXPECT_TRUE((a * b).cmp(MQuat(), 1e-15));
@@ -332,9 +314,9 @@ TEST(MQuatTest, ExpUndoesLogForUnitQuaternions) {
   MQuat q(0, 0, 0.3, 0);
   q.exp();
   expectQuatNear(q, 0, 0, std::sin(0.3), std::cos(0.3), 1e-16);
-  RandomQuats rnd(15);
+  mathtest::RandomValues rnd(15);
   for (int n = 0; n < 100; ++n) {
-    const MQuat a = rnd.unit();
+    const MQuat a = rnd.unitQuat();
     MQuat b = a;
     b.log();
     b.exp();
@@ -411,7 +393,7 @@ INSTANTIATE_TEST_SUITE_P(
                     HalfTurnCase{"ZeroTraceTieGoesToY", -1, 0.5, 0.5, 0, kHalfRoot2, 0, 0}),
     [](const testing::TestParamInfo<HalfTurnCase>& info) { return info.param.name; });
 
-TEST(MQuatTest, FromMatrixUsesTheStatedOffDiagonalPairs) {
+TEST(MQuatTest, FromMatrixPairsTheOffDiagonalValues) {
   // Not a rotation: every off-diagonal value distinct, so each pairing shows.
   mat4x4 m;
   m.zero();
@@ -458,7 +440,7 @@ int branchOf(const mat4x4& m) {
 
 TEST_P(MQuatRoundTripTest, MatrixToQuaternionToMatrix) {
   const RoundTripCase& c = GetParam();
-  RandomQuats rnd(100 + static_cast<unsigned>(c.branch + 1));
+  mathtest::RandomValues rnd(100 + static_cast<unsigned>(c.branch + 1));
   int tested = 0;
   for (int n = 0; n < 400; ++n) {
     vec3d axis = rnd.direction();
@@ -493,10 +475,10 @@ INSTANTIATE_TEST_SUITE_P(
 // ---------------------------------------------------------------- slerp
 
 TEST(MQuatSlerpTest, EndpointsAreTheOperands) {
-  RandomQuats rnd(21);
+  mathtest::RandomValues rnd(21);
   for (int n = 0; n < 100; ++n) {
-    const MQuat a = rnd.unit();
-    const MQuat b = rnd.unit();
+    const MQuat a = rnd.unitQuat();
+    const MQuat b = rnd.unitQuat();
     MQuat r;
     r.slerp(a, b, 0.0);
     EXPECT_TRUE(r.cmp(a, 1e-14));
@@ -506,11 +488,11 @@ TEST(MQuatSlerpTest, EndpointsAreTheOperands) {
 }
 
 TEST(MQuatSlerpTest, MatchesEigenWhereTheArcsAgree) {
-  RandomQuats rnd(22);
+  mathtest::RandomValues rnd(22);
   int compared = 0;
   for (int n = 0; n < 300; ++n) {
-    const MQuat a = rnd.unit();
-    const MQuat b = rnd.unit();
+    const MQuat a = rnd.unitQuat();
+    const MQuat b = rnd.unitQuat();
     if (a.dot(b) < 0.0) {
       continue;
     }
@@ -676,9 +658,9 @@ Eigen::Quaterniond eigenExp(const Eigen::Vector3d& v) {
 }
 
 TEST(MQuatInnerTest, MatchesAnIndependentControlPointRule) {
-  RandomQuats rnd(31);
+  mathtest::RandomValues rnd(31);
   for (int n = 0; n < 100; ++n) {
-    const MQuat prev = rnd.unit(), cur = rnd.unit(), next = rnd.unit();
+    const MQuat prev = rnd.unitQuat(), cur = rnd.unitQuat(), next = rnd.unitQuat();
     const Eigen::Quaterniond c = toEigen(cur);
     const Eigen::Vector3d s = -0.25 * (eigenLog(c.conjugate() * toEigen(next)).vec() +
                                        eigenLog(c.conjugate() * toEigen(prev)).vec());

@@ -21,7 +21,8 @@
 #include "math/mat4x4_product.h"
 #include "math/mat4x4_transform.h"
 #include "math/quat_product.h"
-#include "reference_math.h"
+#include "math/bit_compare.h"
+#include "math/random_values.h"
 
 namespace {
 
@@ -52,25 +53,22 @@ std::vector<double> specialValues() {
 // and the bytes of the math fuzz corpus.
 std::vector<double> inputPool() {
   std::vector<double> pool;
-  std::mt19937 rng(20240611);
+  mathtest::RandomValues random(20240611);
   std::vector<double> chunk(4096);
-  reference::randomFill(rng, chunk.data(), static_cast<int>(chunk.size()), -10.0, 10.0);
+  random.fill(chunk.data(), static_cast<int>(chunk.size()), -10.0, 10.0);
   pool.insert(pool.end(), chunk.begin(), chunk.end());
-  reference::randomSmallInts(rng, chunk.data(), static_cast<int>(chunk.size()), 3);
+  random.fillSmallInts(chunk.data(), static_cast<int>(chunk.size()), 3);
   pool.insert(pool.end(), chunk.begin(), chunk.end());
 
   const std::vector<double> specials = specialValues();
+  std::mt19937& rng = random.engine();
   std::uniform_int_distribution<std::size_t> pick(0, specials.size() - 1);
-  std::uniform_real_distribution<double> ordinary(-2.0, 2.0);
   for (int i = 0; i < 4096; ++i) {
-    pool.push_back(i % 3 == 0 ? ordinary(rng) : specials[pick(rng)]);
+    pool.push_back(i % 3 == 0 ? random.uniform(-2.0, 2.0) : specials[pick(rng)]);
   }
   std::uniform_int_distribution<std::uint64_t> bits;
   for (int i = 0; i < 4096; ++i) {
-    const std::uint64_t b = bits(rng);
-    double d;
-    std::memcpy(&d, &b, sizeof d);
-    pool.push_back(d);
+    pool.push_back(mathtest::fromBits(bits(rng)));
   }
 
   const std::filesystem::path corpus =
@@ -94,15 +92,10 @@ const std::vector<double>& pool() {
   return values;
 }
 
-// The same bits in every place, except that two NaNs count as the same: x86
-// takes a NaN's sign and payload from whichever operand comes first, and the
-// compiler is free to order the operands of the plain code's + and *.
 ::testing::AssertionResult sameBits(const double* a, const double* b, int n) {
-  for (int i = 0; i < n; ++i) {
-    const bool bothNaN = std::isnan(a[i]) && std::isnan(b[i]);
-    if (!bothNaN && reference::bits(a[i]) != reference::bits(b[i])) {
-      return ::testing::AssertionFailure() << "place " << i << ": " << a[i] << " vs " << b[i];
-    }
+  const int at = mathtest::firstBitDifferenceAnyNaN(a, b, n);
+  if (at >= 0) {
+    return ::testing::AssertionFailure() << "place " << at << ": " << a[at] << " vs " << b[at];
   }
   return ::testing::AssertionSuccess();
 }
@@ -129,8 +122,8 @@ TEST(Sse2Paths, MatrixProductGivesThePlainBits) {
   forEachGroup(32, [&](const double* in, std::size_t at) {
     double plain[16];
     double lanes[16];
-    lumagrid::detail::productPlain(plain, in, in + 16);
-    lumagrid::detail::productSse2(lanes, in, in + 16);
+    lumagrid::detail::matrixProductPlain(plain, in, in + 16);
+    lumagrid::detail::matrixProductSse2(lanes, in, in + 16);
     ASSERT_TRUE(sameBits(plain, lanes, 16)) << "offset " << at;
   });
   // In place, on either operand.
@@ -140,8 +133,8 @@ TEST(Sse2Paths, MatrixProductGivesThePlainBits) {
   std::memcpy(a, p.data(), sizeof a);
   std::memcpy(b, p.data() + 16, sizeof b);
   std::memcpy(c, a, sizeof c);
-  lumagrid::detail::productPlain(a, a, b);
-  lumagrid::detail::productSse2(c, c, b);
+  lumagrid::detail::matrixProductPlain(a, a, b);
+  lumagrid::detail::matrixProductSse2(c, c, b);
   EXPECT_TRUE(sameBits(a, c, 16));
 }
 
@@ -160,7 +153,8 @@ TEST(Sse2Paths, QuaternionProductGivesThePlainBits) {
     const MQuat a(in[0], in[1], in[2], in[3]);
     const MQuat b(in[4], in[5], in[6], in[7]);
     const MQuat plain = lumagrid::detail::quatProductPlain(a, b);
-    const MQuat lanes = lumagrid::detail::quatProductSse2(a, b);
+    MQuat lanes;
+    lumagrid::detail::quatProductSse2(&a.x, &b.x, &lanes.x);
     ASSERT_TRUE(sameBits(&plain.x, &lanes.x, 4)) << "offset " << at;
   });
 }
@@ -176,7 +170,7 @@ TEST(Sse2Paths, PublicOperationsUseTheSharedRoutines) {
     std::memcpy(static_cast<double*>(b), in + 16, 16 * sizeof(double));
     const mat4x4 r = a * b;
     double plain[16];
-    lumagrid::detail::productPlain(plain, in, in + 16);
+    lumagrid::detail::matrixProductPlain(plain, in, in + 16);
     ASSERT_TRUE(sameBits(static_cast<const double*>(r), plain, 16)) << "offset " << at;
 
     vec3d v(in[16], in[17], in[18]);

@@ -6,11 +6,11 @@
 #include <cmath>
 #include <limits>
 
-#include "reference_math.h"
+#include "math/bit_compare.h"
 
 namespace {
 
-using reference::bits;
+using mathtest::bits;
 
 void expectBits(const vec4d& v, double x, double y, double z, double w) {
   EXPECT_EQ(bits(v.x()), bits(x)) << "x: " << v.x() << " vs " << x;

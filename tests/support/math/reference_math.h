@@ -1,14 +1,11 @@
-#ifndef LUMAGRID_TESTS_MATH_REFERENCE_MATH_H
-#define LUMAGRID_TESTS_MATH_REFERENCE_MATH_H
+#ifndef LUMAGRID_TESTS_SUPPORT_MATH_REFERENCE_MATH_H
+#define LUMAGRID_TESTS_SUPPORT_MATH_REFERENCE_MATH_H
 
 // Plain, unoptimised restatements of the matrix algorithms, element by
 // element in their defined evaluation order. The library's versions must
 // match them bit for bit.
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
-#include <random>
 
 namespace reference {
 
@@ -125,38 +122,6 @@ inline bool inv(double* e, int steps = 4) {
     }
   }
   return true;
-}
-
-inline std::uint64_t bits(double v) {
-  std::uint64_t b;
-  std::memcpy(&b, &v, sizeof b);
-  return b;
-}
-
-// True when both arrays hold the same bit patterns (NaN payloads and
-// signed zeros included).
-inline bool sameBits(const double* a, const double* b, int n) {
-  for (int i = 0; i < n; ++i) {
-    if (bits(a[i]) != bits(b[i])) {
-      return false;
-    }
-  }
-  return true;
-}
-
-inline void randomFill(std::mt19937& rng, double* e, int n, double lo = -1.0, double hi = 1.0) {
-  std::uniform_real_distribution<double> dist(lo, hi);
-  for (int i = 0; i < n; ++i) {
-    e[i] = dist(rng);
-  }
-}
-
-// Small integers: plenty of equal magnitudes, zeros and exact arithmetic.
-inline void randomSmallInts(std::mt19937& rng, double* e, int n, int range = 2) {
-  std::uniform_int_distribution<int> dist(-range, range);
-  for (int i = 0; i < n; ++i) {
-    e[i] = dist(rng);
-  }
 }
 
 }  // namespace reference
