@@ -3,7 +3,7 @@
 #include <GL/gle.h>
 
 #include "shapes/path/spring_draw.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace {
 

@@ -6,11 +6,11 @@
 #include <memory>
 #include <vector>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/path_point.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/path/tension_path.h"
-#include "shapes/path/tube.h"
+#include "shapes/tube/tube.h"
 
 namespace lumagrid::detail {
 

@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "shapes/path/bezier.h"
-#include "shapes/path/helix_points.h"
+#include "shapes/tube/helix_points.h"
 
 namespace lumagrid::detail {
 

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/tube.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/tube/tube.h"
 
 namespace {
 

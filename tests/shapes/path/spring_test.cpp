@@ -20,7 +20,7 @@
 #include "probes/VirtualTable.h"
 #include "recorded/LogSlices.h"
 #include "recorded/RecordedTest.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 // Back to a fresh recorded context, the stock tessellation defaults and solid
 // tubes, and back to the defaults again afterwards, so that no test leaks

@@ -1,4 +1,4 @@
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace lumagrid::detail {
 

@@ -1,4 +1,4 @@
-#include "shapes/path/helix_points.h"
+#include "shapes/tube/helix_points.h"
 
 #include <cmath>
 

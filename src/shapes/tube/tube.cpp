@@ -1,12 +1,12 @@
-#include "shapes/path/tube.h"
+#include "shapes/tube/tube.h"
 
 #include <GL/gl.h>
 
 #include <vector>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/tube_fill.h"
-#include "shapes/path/wire_sweep.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/tube/tube_fill.h"
+#include "shapes/tube/wire_sweep.h"
 
 namespace lumagrid::detail {
 

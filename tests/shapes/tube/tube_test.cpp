@@ -16,8 +16,8 @@
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
-#include "shapes/path/tube.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace {
 

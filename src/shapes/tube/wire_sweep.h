@@ -1,10 +1,10 @@
-#ifndef LUMAGRID_SRC_SHAPES_PATH_WIRE_SWEEP_H
-#define LUMAGRID_SRC_SHAPES_PATH_WIRE_SWEEP_H
+#ifndef LUMAGRID_SRC_SHAPES_TUBE_WIRE_SWEEP_H
+#define LUMAGRID_SRC_SHAPES_TUBE_WIRE_SWEEP_H
 
 #include <vector>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
 

@@ -1,4 +1,4 @@
-#include "shapes/path/wire_sweep.h"
+#include "shapes/tube/wire_sweep.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,10 +1,10 @@
-#ifndef LUMAGRID_SRC_SHAPES_PATH_HELIX_POINTS_H
-#define LUMAGRID_SRC_SHAPES_PATH_HELIX_POINTS_H
+#ifndef LUMAGRID_SRC_SHAPES_TUBE_HELIX_POINTS_H
+#define LUMAGRID_SRC_SHAPES_TUBE_HELIX_POINTS_H
 
 #include <cstddef>
 #include <vector>
 
-#include "shapes/path/path_point.h"
+#include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
 
