@@ -12,10 +12,9 @@ struct PathPoint {
   double z;
 };
 
-// No builder returns more points than this, nor a wire sweep more lines:
-// absurd turn counts draw nothing rather than exhaust memory.
+// No builder returns more points than this: absurd turn counts draw nothing
+// rather than exhaust memory.
 constexpr std::size_t kMaxPathPoints = std::size_t{1} << 20;
-constexpr std::size_t kMaxWireLines = std::size_t{1} << 20;
 
 }  // namespace lumagrid::detail
 

@@ -76,7 +76,7 @@ bool CGLBelt::InitVertex() {
 
 void CGLBelt::BuildProfile() {
   InitVertex();
-  for (const lumagrid::detail::BeltPoint& p : lumagrid::detail::BuildBeltOutline(
+  for (const lumagrid::detail::PathPoint& p : lumagrid::detail::BuildBeltOutline(
            m_dRadius1, m_dRadius2, m_dEntraxe, m_nQuality, m_nBType)) {
     AddVertex(p.x, p.y, p.z);
   }
