@@ -1,5 +1,6 @@
 #include <lumagrid/CGLBelt.h>
 
+#include "shapes/geometry/emit.h"
 #include "shapes/path/belt_outline.h"
 #include "shapes/path/vertex_list.h"
 
@@ -88,7 +89,7 @@ long CGLBelt::DisplayListMake() {
         BuildProfile();
         return !m_aVertex.empty();
       },
-      [&] { lumagrid::detail::EmitLineStrip(m_aVertex); });
+      [&] { lumagrid::detail::gl::EmitLineStrip(m_aVertex); });
 }
 
 long CGLBelt::DrawDirect() {
@@ -102,7 +103,7 @@ long CGLBelt::DrawDirect() {
     // Without DrawFinish: the pushed matrix stays. Hosts keep a spare.
     return 0;
   }
-  lumagrid::detail::EmitLineStrip(m_aVertex);
+  lumagrid::detail::gl::EmitLineStrip(m_aVertex);
   DrawFinish();
   return 0;
 }

@@ -6,28 +6,19 @@
 #include <memory>
 #include <vector>
 
-#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/emit.h"
 #include "shapes/geometry/path_point.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/path/tension_path.h"
+#include "shapes/tube/helix_points.h"
 #include "shapes/tube/tube.h"
 
-namespace lumagrid::detail {
+namespace lumagrid::detail::gl {
 
 namespace {
 
 constexpr int kCapped = TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE;
 constexpr int kOpen = TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE;
-
-void EmitStrip(const std::vector<PathPoint>& points) {
-  glBegin(GL_LINE_STRIP);
-  {
-    for (const PathPoint& p : points) {
-      glVertex3d(p.x, p.y, p.z);
-    }
-  }
-  glEnd();
-}
 
 // The hooks' arcs open towards the body; `turn` rotates the top one.
 template <class Bottom, class Top>
@@ -50,7 +41,7 @@ void Hooks(double length, double turn, Bottom&& bottom, Top&& top) {
 
 }  // namespace
 
-void DrawCompressionTube(const SpringSize& s, unsigned int ends) {
+void DrawCompressionTube(const SpringCoil& s, unsigned int ends) {
   const double r = s.wireRadius;
   const double R = s.radius;
   const double pitch = s.length / s.turns;
@@ -68,14 +59,14 @@ void DrawCompressionTube(const SpringSize& s, unsigned int ends) {
   }
 }
 
-void DrawCompressionSchematic(const SpringSize& s, unsigned int ends) {
+void DrawCompressionSchematic(const SpringCoil& s, unsigned int ends) {
   const std::vector<PathPoint> zigzag = CompressionZigzag(s.radius, s.length, s.turns, ends != 0);
   if (!zigzag.empty()) {
-    EmitStrip(zigzag);
+    EmitLineStrip(zigzag);
   }
 }
 
-void DrawTensionTube(const SpringSize& s, unsigned int ends) {
+void DrawTensionTube(const SpringCoil& s, unsigned int ends) {
   const double r = s.wireRadius;
   const double R = s.radius;
   const double twist = ends * 0.25;
@@ -96,19 +87,19 @@ void DrawTensionTube(const SpringSize& s, unsigned int ends) {
       [&] { TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, -20.0, 200.0); });
 }
 
-void DrawTensionSchematic(const SpringSize& s, unsigned int ends) {
+void DrawTensionSchematic(const SpringCoil& s, unsigned int ends) {
   const double R = s.radius;
   const double twist = ends * 0.25;
   const std::vector<PathPoint> zigzag = TensionZigzag(R, s.length, s.turns, twist);
   if (!zigzag.empty()) {
-    EmitStrip(zigzag);
+    EmitLineStrip(zigzag);
   }
   // The loops are drawn on the coil radius alone, with no wire radius; the
   // top one sits at (L - 2R) + 2R, which rounding may move off L.
   const double body = s.length - 2.0 * R;
   Hooks(
-      body + 2.0 * R, twist, [&] { EmitStrip(HookArc(R, 0, 200)); },
-      [&] { EmitStrip(HookArc(R, -20, 180)); });
+      body + 2.0 * R, twist, [&] { EmitLineStrip(HookArc(R, 0, 200)); },
+      [&] { EmitLineStrip(HookArc(R, -20, 180)); });
 }
 
-}  // namespace lumagrid::detail
+}  // namespace lumagrid::detail::gl

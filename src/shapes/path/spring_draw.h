@@ -3,8 +3,9 @@
 
 namespace lumagrid::detail {
 
-// What the spring's drawings need of a CGLSpring.
-struct SpringSize {
+// The coil a CGLSpring draws: wire and coil radii, length, turns, the
+// angle the helix starts at, and the sides its tubes are sampled for.
+struct SpringCoil {
   double wireRadius;
   double radius;
   double length;
@@ -13,12 +14,16 @@ struct SpringSize {
   int sides;
 };
 
+namespace gl {
+
 // The four drawings, each with its end option. They emit GL and GLE calls
 // only; the geometry comes from the builders beside them.
-void DrawCompressionTube(const SpringSize& s, unsigned int ends);
-void DrawCompressionSchematic(const SpringSize& s, unsigned int ends);
-void DrawTensionTube(const SpringSize& s, unsigned int ends);
-void DrawTensionSchematic(const SpringSize& s, unsigned int ends);
+void DrawCompressionTube(const SpringCoil& s, unsigned int ends);
+void DrawCompressionSchematic(const SpringCoil& s, unsigned int ends);
+void DrawTensionTube(const SpringCoil& s, unsigned int ends);
+void DrawTensionSchematic(const SpringCoil& s, unsigned int ends);
+
+}  // namespace gl
 
 }  // namespace lumagrid::detail
 

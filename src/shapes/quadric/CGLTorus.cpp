@@ -60,8 +60,8 @@ long CGLTorus::DisplayListMake() {
     // A ring that cannot be sampled leaves the list empty.
     if (Sweepable(m_dStartAngle, m_dSweepAngle)) {
       // Solid or wireframe, as the last spring drawn left the tubes.
-      lumagrid::detail::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr,
-                                   m_dStartAngle, m_dSweepAngle);
+      lumagrid::detail::gl::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr,
+                                       nullptr, m_dStartAngle, m_dSweepAngle);
     }
   });
 }

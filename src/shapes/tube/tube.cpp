@@ -1,50 +1,44 @@
 #include "shapes/tube/tube.h"
 
-#include <GL/gl.h>
-
 #include <vector>
 
+#include "shapes/geometry/emit.h"
 #include "shapes/tube/helix_points.h"
 #include "shapes/tube/tube_fill.h"
 #include "shapes/tube/wire_sweep.h"
 
-namespace lumagrid::detail {
+namespace lumagrid::detail::gl {
 
 namespace {
 
-void Normal(const PathPoint& n) {
-  glNormal3f(static_cast<GLfloat>(n.x), static_cast<GLfloat>(n.y), static_cast<GLfloat>(n.z));
+// Whether the wireframe is swept here: only while tubes are not filled, and
+// only when GLE is given none of the arrays the wireframe ignores (a
+// transform along the path, colours along it).
+bool SweepsOwnWireframe(const void* ignoredArray, const void* otherIgnoredArray) {
+  return !TubeFilled() && ignoredArray == nullptr && otherIgnoredArray == nullptr;
 }
 
-void Emit(const WireSweep& sweep) {
-  if (!sweep.lines.empty()) {
-    glBegin(GL_LINES);
-    {
-      for (const WireVertex& v : sweep.lines) {
-        Normal(v.normal);
-        glVertex3d(v.position.x, v.position.y, v.position.z);
-      }
-    }
-    glEnd();
+// GLE's sides first, then its join style, as the wireframe reads them.
+template <class Sweep>
+void EmitWireframe(Sweep&& sweep) {
+  const int sides = gleGetNumSides();
+  const bool caps = (gleGetJoinStyle() & TUBE_JN_CAP) != 0;
+  EmitWireSweep(sweep(sides, caps));
+}
+
+// A helicoid or toroid: GLE's own call, or the wireframe `sweep` builds from
+// the helix.
+template <class Gle, class Sweep>
+void Spiral(Gle&& gle, Sweep&& sweep, gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta,
+            gleDouble startZ, gleDouble dzdTheta, gleDouble startXform[2][3],
+            gleDouble dXformdTheta[2][3], gleDouble startTheta, gleDouble sweepTheta) {
+  if (!SweepsOwnWireframe(startXform, dXformdTheta)) {
+    gle(rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform, dXformdTheta, startTheta,
+        sweepTheta);
+    return;
   }
-  for (const WireCap& cap : sweep.caps) {
-    glBegin(GL_POLYGON);
-    {
-      Normal(cap.normal);
-      for (const PathPoint& p : cap.outline) {
-        glVertex3d(p.x, p.y, p.z);
-      }
-    }
-    glEnd();
-  }
-}
-
-bool Capped() {
-  return (gleGetJoinStyle() & TUBE_JN_CAP) != 0;
-}
-
-bool Wire(const void* leftToGle, const void* alsoLeftToGle) {
-  return !TubeFilled() && leftToGle == nullptr && alsoLeftToGle == nullptr;
+  const Helix helix{startRadius, drdTheta, startZ, dzdTheta, startTheta, sweepTheta};
+  EmitWireframe([&](int sides, bool caps) { return sweep(helix, rToroid, sides, caps); });
 }
 
 }  // namespace
@@ -52,39 +46,28 @@ bool Wire(const void* leftToGle, const void* alsoLeftToGle) {
 void TubeHelicoid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gleDouble startZ,
                   gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                   gleDouble startTheta, gleDouble sweepTheta) {
-  if (!Wire(startXform, dXformdTheta)) {
-    gleHelicoid(rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform, dXformdTheta,
-                startTheta, sweepTheta);
-    return;
-  }
-  const int sides = gleGetNumSides();
-  const bool caps = Capped();
-  const Helix helix{startRadius, drdTheta, startZ, dzdTheta, startTheta, sweepTheta};
-  Emit(SweepAlongPath(HelixPoints(helix, sides), rToroid, sides, caps));
+  Spiral(
+      gleHelicoid,
+      [](const Helix& helix, double radius, int sides, bool caps) {
+        return SweepAlongPath(HelixPoints(helix, sides), radius, sides, caps);
+      },
+      rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform, dXformdTheta, startTheta,
+      sweepTheta);
 }
 
 void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gleDouble startZ,
                 gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                 gleDouble startTheta, gleDouble sweepTheta) {
-  if (!Wire(startXform, dXformdTheta)) {
-    gleToroid(rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform, dXformdTheta,
-              startTheta, sweepTheta);
-    return;
-  }
-  const int sides = gleGetNumSides();
-  const bool caps = Capped();
-  const Helix helix{startRadius, drdTheta, startZ, dzdTheta, startTheta, sweepTheta};
-  Emit(LatheAroundAxis(helix, rToroid, sides, caps));
+  Spiral(gleToroid, LatheAroundAxis, rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform,
+         dXformdTheta, startTheta, sweepTheta);
 }
 
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                       gleDouble radius) {
-  if (!Wire(colorArray, nullptr)) {
+  if (!SweepsOwnWireframe(colorArray, nullptr)) {
     glePolyCylinder(npoints, pointArray, colorArray, radius);
     return;
   }
-  const int sides = gleGetNumSides();
-  const bool caps = Capped();
   std::vector<PathPoint> path;
   if (pointArray != nullptr && npoints > 0) {
     path.reserve(static_cast<std::size_t>(npoints));
@@ -92,7 +75,7 @@ void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArra
       path.push_back({pointArray[i][0], pointArray[i][1], pointArray[i][2]});
     }
   }
-  Emit(SweepAlongPath(path, radius, sides, caps));
+  EmitWireframe([&](int sides, bool caps) { return SweepAlongPath(path, radius, sides, caps); });
 }
 
-}  // namespace lumagrid::detail
+}  // namespace lumagrid::detail::gl

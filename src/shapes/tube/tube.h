@@ -3,7 +3,7 @@
 
 #include <GL/gle.h>
 
-namespace lumagrid::detail {
+namespace lumagrid::detail::gl {
 
 // GLE's helicoid, toroid and poly-cylinder, with GLE's arguments. While
 // tubes are filled (tube_fill.h) each is exactly GLE's own call. Otherwise
@@ -22,6 +22,6 @@ void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gl
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                       gleDouble radius);
 
-}  // namespace lumagrid::detail
+}  // namespace lumagrid::detail::gl
 
 #endif

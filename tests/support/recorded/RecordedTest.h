@@ -17,12 +17,12 @@ class RecordedTest : public ::testing::Test {
     glrec::recorder().reset();
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
-    lumagrid::detail::SetTubeFilled(true);
+    lumagrid::detail::gl::SetTubeFilled(true);
   }
   void TearDown() override {
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
-    lumagrid::detail::SetTubeFilled(true);
+    lumagrid::detail::gl::SetTubeFilled(true);
   }
 };
 
