@@ -2,6 +2,7 @@
 
 #include "shapes/geometry/emit.h"
 #include "shapes/path/belt_outline.h"
+#include "shapes/path/quality.h"
 #include "shapes/path/vertex_list.h"
 
 CGLBelt::CGLBelt() : CGLBelt(1.0, 1.0, 1.0) {}
@@ -35,9 +36,7 @@ void CGLBelt::SetEntraxe(double e) {
 }
 
 void CGLBelt::SetQuality(unsigned int q) {
-  if (q >= 10 && q <= 50) {
-    m_nQuality = static_cast<int>(q);
-  }
+  lumagrid::detail::StoreQuality(m_nQuality, q);
 }
 
 int CGLBelt::GetQuality(unsigned int&) {

@@ -2,6 +2,7 @@
 
 #include <GL/gle.h>
 
+#include "shapes/path/quality.h"
 #include "shapes/path/spring_draw.h"
 #include "shapes/tube/tube_fill.h"
 
@@ -45,9 +46,7 @@ void CGLSpring::ScaleLength(double f) {
 }
 
 void CGLSpring::SetQuality(unsigned int q) {
-  if (q >= 10 && q <= 50) {
-    m_nQuality = static_cast<int>(q);
-  }
+  lumagrid::detail::StoreQuality(m_nQuality, q);
 }
 
 int CGLSpring::GetQuality(unsigned int&) {
