@@ -23,8 +23,8 @@
 
 namespace {
 
-using lumagrid::detail::PathPoint;
 using lumagrid::detail::BuildBeltOutline;
+using lumagrid::detail::PathPoint;
 
 constexpr int kMaxCases = 32;
 // Beyond this, sums and products of the pulleys' sizes may overflow.

@@ -13,9 +13,9 @@
 
 namespace {
 
-using lumagrid::detail::PathPoint;
 using lumagrid::detail::BeltTypeCode;
 using lumagrid::detail::BuildBeltOutline;
+using lumagrid::detail::PathPoint;
 
 const double kPi = std::acos(-1.0);
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
