@@ -9,8 +9,6 @@
 #include "shapes/geometry/emit.h"
 #include "shapes/geometry/path_point.h"
 #include "shapes/path/spring_schematic.h"
-#include "shapes/path/tension_path.h"
-#include "shapes/tube/helix_points.h"
 #include "shapes/tube/tube.h"
 
 namespace lumagrid::detail::gl {
@@ -42,20 +40,16 @@ void Hooks(double length, double turn, Bottom&& bottom, Top&& top) {
 }  // namespace
 
 void DrawCompressionTube(const SpringCoil& s, unsigned int ends) {
-  const double r = s.wireRadius;
-  const double R = s.radius;
-  const double pitch = s.length / s.turns;
-  // In doubles: turns * 360 overflows an int long before GLE would cope.
-  const double sweep = s.turns * 360.0;
+  const CompressionTubes tubes = BuildCompressionTubes(s, ends != 0);
   gleSetJoinStyle(ends != 0 ? kOpen : kCapped);
-  // A helix too long to sample is left out rather than handed to GLE.
-  if (HelixPointCount(sweep, s.sides) != 0) {
-    TubeHelicoid(r, R, 0.0, 0.0, pitch, nullptr, nullptr, s.startAngle, sweep);
+  for (const HelixTube& coil : tubes.coil) {
+    TubeHelicoid(coil);
   }
   if (ends != 0) {
     gleSetJoinStyle(kCapped);
-    TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-    TubeHelicoid(r, R, 0.0, s.length, 0.0, nullptr, nullptr, 0.0, 360.0);
+    for (const HelixTube& ring : tubes.rings) {
+      TubeHelicoid(ring);
+    }
   }
 }
 
@@ -67,24 +61,23 @@ void DrawCompressionSchematic(const SpringCoil& s, unsigned int ends) {
 }
 
 void DrawTensionTube(const SpringCoil& s, unsigned int ends) {
-  const double r = s.wireRadius;
-  const double R = s.radius;
   const double twist = ends * 0.25;
+  const TensionTubes tubes = BuildTensionTubes(s, twist);
   gleSetJoinStyle(kOpen);
-  const std::vector<PathPoint> path = TensionBodyPath(r, R, s.length, s.turns, twist, s.sides);
-  if (!path.empty()) {
+  if (!tubes.body.empty()) {
+    const std::vector<PathPoint>& path = tubes.body;
     const std::unique_ptr<gleDouble[][3]> points(new gleDouble[path.size()][3]);
     for (std::size_t i = 0; i < path.size(); ++i) {
       points[i][0] = path[i].x;
       points[i][1] = path[i].y;
       points[i][2] = path[i].z;
     }
-    TubePolyCylinder(static_cast<int>(path.size()), points.get(), nullptr, r);
+    TubePolyCylinder(static_cast<int>(path.size()), points.get(), nullptr, s.wireRadius);
   }
   gleSetJoinStyle(kCapped);
   Hooks(
-      s.length, twist, [&] { TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 200.0); },
-      [&] { TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, -20.0, 200.0); });
+      s.length, twist, [&] { TubeHelicoid(tubes.bottomHook); },
+      [&] { TubeHelicoid(tubes.topHook); });
 }
 
 void DrawTensionSchematic(const SpringCoil& s, unsigned int ends) {

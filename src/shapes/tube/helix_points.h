@@ -19,6 +19,13 @@ struct Helix {
   double sweepTheta;
 };
 
+// A round tube of the given radius along a helix, as GLE's helicoid and
+// toroid take it.
+struct HelixTube {
+  double radius;
+  Helix helix;
+};
+
 // One sample of a helix: angle in radians, distance from the axis, height.
 struct HelixSample {
   double angle;

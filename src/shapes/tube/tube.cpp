@@ -11,11 +11,11 @@ namespace lumagrid::detail::gl {
 
 namespace {
 
-// Whether the wireframe is swept here: only while tubes are not filled, and
-// only when GLE is given none of the arrays the wireframe ignores (a
-// transform along the path, colours along it).
-bool SweepsOwnWireframe(const void* ignoredArray, const void* otherIgnoredArray) {
-  return !TubeFilled() && ignoredArray == nullptr && otherIgnoredArray == nullptr;
+// Whether the wireframe is swept here rather than the tube left to GLE: only
+// while tubes are not filled, and only when GLE is given neither of the arrays
+// that only it applies (a transform along the path, colours along it).
+bool SweepsOwnWireframe(const void* arrayOnlyGleApplies, const void* otherArrayOnlyGleApplies) {
+  return !TubeFilled() && arrayOnlyGleApplies == nullptr && otherArrayOnlyGleApplies == nullptr;
 }
 
 // GLE's sides first, then its join style, as the wireframe reads them.
@@ -60,6 +60,18 @@ void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gl
                 gleDouble startTheta, gleDouble sweepTheta) {
   Spiral(gleToroid, LatheAroundAxis, rToroid, startRadius, drdTheta, startZ, dzdTheta, startXform,
          dXformdTheta, startTheta, sweepTheta);
+}
+
+void TubeHelicoid(const HelixTube& tube) {
+  const Helix& h = tube.helix;
+  TubeHelicoid(tube.radius, h.startRadius, h.drdTheta, h.startZ, h.dzdTheta, nullptr, nullptr,
+               h.startTheta, h.sweepTheta);
+}
+
+void TubeToroid(const HelixTube& tube) {
+  const Helix& h = tube.helix;
+  TubeToroid(tube.radius, h.startRadius, h.drdTheta, h.startZ, h.dzdTheta, nullptr, nullptr,
+             h.startTheta, h.sweepTheta);
 }
 
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],

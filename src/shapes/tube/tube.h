@@ -3,6 +3,8 @@
 
 #include <GL/gle.h>
 
+#include "shapes/tube/helix_points.h"
+
 namespace lumagrid::detail::gl {
 
 // GLE's helicoid, toroid and poly-cylinder, with GLE's arguments. While
@@ -18,6 +20,10 @@ void TubeHelicoid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, 
 void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gleDouble startZ,
                 gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                 gleDouble startTheta, gleDouble sweepTheta);
+
+// The same for a tube given as data, with no transform.
+void TubeHelicoid(const HelixTube& tube);
+void TubeToroid(const HelixTube& tube);
 
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                       gleDouble radius);
