@@ -46,6 +46,10 @@ void EmitCylinder(GLUquadric* q, const CylinderGeometry& cylinder) {
   }
 }
 
+void EmitSphere(GLUquadric* q, const SphereGeometry& sphere) {
+  gluSphere(q, sphere.radius, sphere.slices, sphere.stacks);
+}
+
 void EmitArrow(GLUquadric* q, const ArrowGeometry& arrow) {
   if (arrow.lite) {
     EmitLineInFloats({0.0, 0.0, 0.0}, {0.0, 0.0, arrow.shaft.length});
