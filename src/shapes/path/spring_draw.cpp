@@ -3,7 +3,6 @@
 #include <GL/gl.h>
 #include <GL/gle.h>
 
-#include <memory>
 #include <vector>
 
 #include "shapes/geometry/emit.h"
@@ -65,14 +64,7 @@ void DrawTensionTube(const SpringCoil& s, unsigned int ends) {
   const TensionTubes tubes = BuildTensionTubes(s, twist);
   gleSetJoinStyle(kOpen);
   if (!tubes.body.empty()) {
-    const std::vector<PathPoint>& path = tubes.body;
-    const std::unique_ptr<gleDouble[][3]> points(new gleDouble[path.size()][3]);
-    for (std::size_t i = 0; i < path.size(); ++i) {
-      points[i][0] = path[i].x;
-      points[i][1] = path[i].y;
-      points[i][2] = path[i].z;
-    }
-    TubePolyCylinder(static_cast<int>(path.size()), points.get(), nullptr, s.wireRadius);
+    TubePolyCylinder(tubes.body, s.wireRadius);
   }
   gleSetJoinStyle(kCapped);
   Hooks(

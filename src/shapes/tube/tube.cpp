@@ -1,5 +1,6 @@
 #include "shapes/tube/tube.h"
 
+#include <memory>
 #include <vector>
 
 #include "shapes/geometry/emit.h"
@@ -88,6 +89,16 @@ void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArra
     }
   }
   EmitWireframe([&](int sides, bool caps) { return SweepAlongPath(path, radius, sides, caps); });
+}
+
+void TubePolyCylinder(const std::vector<PathPoint>& path, double radius) {
+  const std::unique_ptr<gleDouble[][3]> points(new gleDouble[path.size()][3]);
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    points[i][0] = path[i].x;
+    points[i][1] = path[i].y;
+    points[i][2] = path[i].z;
+  }
+  TubePolyCylinder(static_cast<int>(path.size()), points.get(), nullptr, radius);
 }
 
 }  // namespace lumagrid::detail::gl

@@ -3,6 +3,9 @@
 
 #include <GL/gle.h>
 
+#include <vector>
+
+#include "shapes/geometry/path_point.h"
 #include "shapes/tube/helix_points.h"
 
 namespace lumagrid::detail::gl {
@@ -21,12 +24,13 @@ void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gl
                 gleDouble dzdTheta, gleDouble startXform[2][3], gleDouble dXformdTheta[2][3],
                 gleDouble startTheta, gleDouble sweepTheta);
 
-// The same for a tube given as data, with no transform.
-void TubeHelicoid(const HelixTube& tube);
-void TubeToroid(const HelixTube& tube);
-
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                       gleDouble radius);
+
+// The same for tubes given as data, with no transform and no colours.
+void TubeHelicoid(const HelixTube& tube);
+void TubeToroid(const HelixTube& tube);
+void TubePolyCylinder(const std::vector<PathPoint>& path, double radius);
 
 }  // namespace lumagrid::detail::gl
 
