@@ -81,7 +81,7 @@ void BeltLumagrid(benchmark::State& state) {
 template <int kArg>
 void BeltGl(benchmark::State& state) {
   bench::glContext();
-  const std::vector<lumagrid::detail::BeltPoint> outline =
+  const std::vector<lumagrid::detail::PathPoint> outline =
       lumagrid::detail::BuildBeltOutline(1.0, 0.6, 3.0, kArg, lumagrid::detail::kFullBelt);
   bench::compileByHandEachIteration(
       [&] {

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "bench_gl_support.h"
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/path_point.h"
 #include "shapes/path/tension_path.h"
-#include "shapes/path/wire_sweep.h"
+#include "shapes/tube/wire_sweep.h"
 
 namespace {
 

@@ -23,8 +23,8 @@
 
 namespace {
 
-using lumagrid::detail::BeltPoint;
 using lumagrid::detail::BuildBeltOutline;
+using lumagrid::detail::PathPoint;
 
 constexpr int kMaxCases = 32;
 // Beyond this, sums and products of the pulleys' sizes may overflow.
@@ -38,18 +38,18 @@ class BeltProbe : public CGLBelt {
   int ListName() const { return m_nDisplayList; }
 };
 
-bool Finite(const BeltPoint& p) {
+bool Finite(const PathPoint& p) {
   return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
 // |p - (cx, 0, 0)| equals |radius| within tol.
-bool OnCircle(const BeltPoint& p, double cx, double radius, double tol) {
+bool OnCircle(const PathPoint& p, double cx, double radius, double tol) {
   const double dist = std::hypot(p.x - cx, p.y);
   return std::fabs(dist - std::fabs(radius)) <= tol && p.z == 0.0;
 }
 
 void CheckOutline(double r1, double r2, double entraxe, int quality, unsigned char code) {
-  const std::vector<BeltPoint> outline = BuildBeltOutline(r1, r2, entraxe, quality, code);
+  const std::vector<PathPoint> outline = BuildBeltOutline(r1, r2, entraxe, quality, code);
   const bool full = code >= lumagrid::detail::kFullBelt;
   if (full) {
     // Two tangent ends, at most 1.5 turns of arc on A and one on B.
@@ -68,7 +68,7 @@ void CheckOutline(double r1, double r2, double entraxe, int quality, unsigned ch
   // -1: NaN points, kept as the tangent rules give them.
   const bool crossed = code == 2 || code == 4;
   if (!(crossed && r1 + r2 < 0.0)) {
-    for (const BeltPoint& p : outline) {
+    for (const PathPoint& p : outline) {
       FUZZ_CHECK(Finite(p));
     }
   }
@@ -85,7 +85,7 @@ void CheckOutline(double r1, double r2, double entraxe, int quality, unsigned ch
   }
   if (full) {
     // The arcs lie on their pulleys too.
-    for (const BeltPoint& p : outline) {
+    for (const PathPoint& p : outline) {
       FUZZ_CHECK(OnCircle(p, 0.0, r1, tol) || OnCircle(p, entraxe, r2, tol));
     }
   }
@@ -103,7 +103,7 @@ void CheckBelt(double r1, double r2, double entraxe, unsigned int quality, unsig
     const int effective = belt.GetQuality(unused);
     FUZZ_CHECK(effective >= 10 && effective <= 50);
     FUZZ_CHECK(effective == (quality >= 10 && quality <= 50 ? static_cast<int>(quality) : 20));
-    const std::vector<BeltPoint> expected =
+    const std::vector<PathPoint> expected =
         BuildBeltOutline(r1, r2, entraxe, effective, lumagrid::detail::BeltTypeCode(type));
 
     FUZZ_CHECK(belt.DisplayListMake() == 0);

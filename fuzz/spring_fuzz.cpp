@@ -15,8 +15,8 @@
 
 #include "fuzz_input.h"
 #include "recorded_draw.h"
-#include "shapes/path/path_point.h"
-#include "shapes/path/wire_sweep.h"
+#include "shapes/geometry/path_point.h"
+#include "shapes/tube/wire_sweep.h"
 #include <lumagrid/testing/GLRecorder.h>
 
 #include <GL/gl.h>

@@ -40,14 +40,32 @@ std::uint64_t CGLObject::GetID() const {
 
 // ---------------------------------------------------------------- transforms
 
-long CGLObject::Move(double d) {
-  // 1.0 is the no-op value here, as for Scale; Move(0.0) is applied.
-  if (d == 1.0) {
+namespace {
+
+// A product onto the matrix, or a load of it, like mat4x4::translate.
+using MatrixOp = void (mat4x4::*)(double, double, double);
+
+// Applies op with p's coordinates and marks the shape modified.
+long Apply(mat4x4& matrix, bool& modified, MatrixOp op, const CGLPoint& p) {
+  (matrix.*op)(p.X(), p.Y(), p.Z());
+  modified = true;
+  return 1;
+}
+
+// The same, except for the relative transforms' no-op value: 1.0 in every
+// coordinate, for translations as for scales.
+long ApplyUnlessOne(mat4x4& matrix, bool& modified, MatrixOp op, const CGLPoint& p) {
+  if (p == 1.0) {
     return 1;
   }
-  m_matrix.translate(d, d, d);
-  m_bModified = true;
-  return 1;
+  return Apply(matrix, modified, op, p);
+}
+
+}  // namespace
+
+long CGLObject::Move(double d) {
+  // Move(0.0) is applied; Move(1.0) is not.
+  return ApplyUnlessOne(m_matrix, m_bModified, &mat4x4::translate, CGLPoint(d, d, d));
 }
 
 long CGLObject::Move(double x, double y, double z) {
@@ -55,19 +73,11 @@ long CGLObject::Move(double x, double y, double z) {
 }
 
 long CGLObject::Move(const CGLPoint& p) {
-  // 1.0 is the no-op value here, as for Scale.
-  if (p == 1.0) {
-    return 1;
-  }
-  m_matrix.translate(p.X(), p.Y(), p.Z());
-  m_bModified = true;
-  return 1;
+  return ApplyUnlessOne(m_matrix, m_bModified, &mat4x4::translate, p);
 }
 
 long CGLObject::MoveTo(double d) {
-  m_matrix.loadTranslate(d, d, d);
-  m_bModified = true;
-  return 1;
+  return Apply(m_matrix, m_bModified, &mat4x4::loadTranslate, CGLPoint(d, d, d));
 }
 
 long CGLObject::MoveTo(double x, double y, double z) {
@@ -75,18 +85,11 @@ long CGLObject::MoveTo(double x, double y, double z) {
 }
 
 long CGLObject::MoveTo(const CGLPoint& p) {
-  m_matrix.loadTranslate(p.X(), p.Y(), p.Z());
-  m_bModified = true;
-  return 1;
+  return Apply(m_matrix, m_bModified, &mat4x4::loadTranslate, p);
 }
 
 long CGLObject::Scale(double d) {
-  if (d == 1.0) {
-    return 1;
-  }
-  m_matrix.scale(d, d, d);
-  m_bModified = true;
-  return 1;
+  return ApplyUnlessOne(m_matrix, m_bModified, &mat4x4::scale, CGLPoint(d, d, d));
 }
 
 long CGLObject::Scale(double x, double y, double z) {
@@ -94,18 +97,11 @@ long CGLObject::Scale(double x, double y, double z) {
 }
 
 long CGLObject::Scale(const CGLPoint& p) {
-  if (p == 1.0) {
-    return 1;
-  }
-  m_matrix.scale(p.X(), p.Y(), p.Z());
-  m_bModified = true;
-  return 1;
+  return ApplyUnlessOne(m_matrix, m_bModified, &mat4x4::scale, p);
 }
 
 long CGLObject::ScaleTo(double d) {
-  m_matrix.loadScale(d, d, d);
-  m_bModified = true;
-  return 1;
+  return Apply(m_matrix, m_bModified, &mat4x4::loadScale, CGLPoint(d, d, d));
 }
 
 long CGLObject::ScaleTo(double x, double y, double z) {
@@ -113,9 +109,7 @@ long CGLObject::ScaleTo(double x, double y, double z) {
 }
 
 long CGLObject::ScaleTo(const CGLPoint& p) {
-  m_matrix.loadScale(p.X(), p.Y(), p.Z());
-  m_bModified = true;
-  return 1;
+  return Apply(m_matrix, m_bModified, &mat4x4::loadScale, p);
 }
 
 long CGLObject::Rotate(double x, double y, double z) {
@@ -192,15 +186,15 @@ CGLColor ColorFromRef(unsigned long rgb) {
                   static_cast<double>((rgb >> 16) & 0xFFUL) / 255.0, 1.0);
 }
 
-// Assigns v to c when they differ (a NaN channel always differs); true when
-// it did.
+// Assigns v to c when they differ (a NaN channel always differs), and then
+// marks the shape modified.
 template <class V>
-bool AssignIfDifferent(CGLColor& c, const V& v) {
-  if (!(c != v)) {
-    return false;
+long Recolor(CGLColor& c, bool& modified, const V& v) {
+  if (c != v) {
+    c = v;
+    modified = true;
   }
-  c = v;
-  return true;
+  return 1;
 }
 
 }  // namespace
@@ -214,17 +208,11 @@ long CGLObject::ColorSet(unsigned long rgb) {
 }
 
 long CGLObject::ColorSet(double v) {
-  if (AssignIfDifferent(m_color, v)) {
-    m_bModified = true;
-  }
-  return 1;
+  return Recolor(m_color, m_bModified, v);
 }
 
 long CGLObject::ColorSet(const CGLColor& c) {
-  if (AssignIfDifferent(m_color, c)) {
-    m_bModified = true;
-  }
-  return 1;
+  return Recolor(m_color, m_bModified, c);
 }
 
 long CGLObject::HLColorSet(double r, double g, double b, double a) {
@@ -236,17 +224,11 @@ long CGLObject::HLColorSet(unsigned long rgb) {
 }
 
 long CGLObject::HLColorSet(double v) {
-  if (AssignIfDifferent(m_hlColor, v)) {
-    m_bModified = true;
-  }
-  return 1;
+  return Recolor(m_hlColor, m_bModified, v);
 }
 
 long CGLObject::HLColorSet(const CGLColor& c) {
-  if (AssignIfDifferent(m_hlColor, c)) {
-    m_bModified = true;
-  }
-  return 1;
+  return Recolor(m_hlColor, m_bModified, c);
 }
 
 const CGLColor& CGLObject::ColorGet() {

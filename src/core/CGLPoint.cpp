@@ -55,18 +55,15 @@ long CGLPoint::MoveZ(double d) {
 }
 
 long CGLPoint::MoveXTo(double v) {
-  m_dX = v;
-  return 1;
+  return XSet(v);
 }
 
 long CGLPoint::MoveYTo(double v) {
-  m_dY = v;
-  return 1;
+  return YSet(v);
 }
 
 long CGLPoint::MoveZTo(double v) {
-  m_dZ = v;
-  return 1;
+  return ZSet(v);
 }
 
 const CGLPoint& CGLPoint::MoveGet() {

@@ -2,6 +2,7 @@
 
 #include <lumagrid/mat4x4.h>
 
+#include "math/angles.h"
 #include "math/quat_product.h"
 #include "math/tolerance.h"
 
@@ -215,7 +216,7 @@ void MQuat::slerp(const MQuat& a_, const MQuat& b_, double t) {
   }
 
   // Opposite quaternions: turn through a perpendicular one instead of b.
-  const double h = 1.5707963267948966;
+  const double h = lumagrid::detail::kHalfPi;
   const double k0 = std::sin((1.0 - t) * h);
   const double k1 = std::sin(t * h);
   const double px = -a.y;

@@ -1,6 +1,8 @@
 #include <lumagrid/CGLBelt.h>
 
+#include "shapes/geometry/emit.h"
 #include "shapes/path/belt_outline.h"
+#include "shapes/path/quality.h"
 #include "shapes/path/vertex_list.h"
 
 CGLBelt::CGLBelt() : CGLBelt(1.0, 1.0, 1.0) {}
@@ -34,9 +36,7 @@ void CGLBelt::SetEntraxe(double e) {
 }
 
 void CGLBelt::SetQuality(unsigned int q) {
-  if (q >= 10 && q <= 50) {
-    m_nQuality = static_cast<int>(q);
-  }
+  lumagrid::detail::StoreQuality(m_nQuality, q);
 }
 
 int CGLBelt::GetQuality(unsigned int&) {
@@ -76,7 +76,7 @@ bool CGLBelt::InitVertex() {
 
 void CGLBelt::BuildProfile() {
   InitVertex();
-  for (const lumagrid::detail::BeltPoint& p : lumagrid::detail::BuildBeltOutline(
+  for (const lumagrid::detail::PathPoint& p : lumagrid::detail::BuildBeltOutline(
            m_dRadius1, m_dRadius2, m_dEntraxe, m_nQuality, m_nBType)) {
     AddVertex(p.x, p.y, p.z);
   }
@@ -88,7 +88,7 @@ long CGLBelt::DisplayListMake() {
         BuildProfile();
         return !m_aVertex.empty();
       },
-      [&] { lumagrid::detail::EmitLineStrip(m_aVertex); });
+      [&] { lumagrid::detail::gl::EmitLineStrip(m_aVertex); });
 }
 
 long CGLBelt::DrawDirect() {
@@ -102,7 +102,7 @@ long CGLBelt::DrawDirect() {
     // Without DrawFinish: the pushed matrix stays. Hosts keep a spare.
     return 0;
   }
-  lumagrid::detail::EmitLineStrip(m_aVertex);
+  lumagrid::detail::gl::EmitLineStrip(m_aVertex);
   DrawFinish();
   return 0;
 }

@@ -1,8 +1,9 @@
 #include <lumagrid/CGLPolyline.h>
 
-#include "shapes/path/vertex_list.h"
-
 #include <GL/gl.h>
+
+#include "shapes/geometry/emit.h"
+#include "shapes/path/vertex_list.h"
 
 CGLPolyline::CGLPolyline() : CGLObject() {}
 
@@ -48,7 +49,7 @@ void CGLPolyline::EmitStrip() {
   // The normal colour, also while selected: it overrides the base's material.
   const CGLColor color = ColorGet();
   glColor3d(color.Red(), color.Green(), color.Blue());
-  lumagrid::detail::EmitLineStrip(m_aVertex);
+  lumagrid::detail::gl::EmitLineStrip(m_aVertex);
 }
 
 long CGLPolyline::DisplayListMake() {

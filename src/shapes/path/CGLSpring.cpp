@@ -2,8 +2,9 @@
 
 #include <GL/gle.h>
 
+#include "shapes/path/quality.h"
 #include "shapes/path/spring_draw.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace {
 
@@ -45,9 +46,7 @@ void CGLSpring::ScaleLength(double f) {
 }
 
 void CGLSpring::SetQuality(unsigned int q) {
-  if (q >= 10 && q <= 50) {
-    m_nQuality = static_cast<int>(q);
-  }
+  lumagrid::detail::StoreQuality(m_nQuality, q);
 }
 
 int CGLSpring::GetQuality(unsigned int&) {
@@ -85,22 +84,22 @@ long CGLSpring::DrawDirect() {
 void CGLSpring::DrawSpring() {
   gleSetNumSides(m_nQuality);
   // Left as set: later tubes, a torus's too, are drawn the same way.
-  lumagrid::detail::SetTubeFilled(m_bShaded != 0);
-  const lumagrid::detail::SpringSize size{m_dWireRadius, m_dRadius,     m_dLength,
+  lumagrid::detail::gl::SetTubeFilled(m_bShaded != 0);
+  const lumagrid::detail::SpringCoil coil{m_dWireRadius, m_dRadius,     m_dLength,
                                           m_nTurns,      m_dStartAngle, m_nQuality};
   const bool schematic = (m_nType2 & kSchematic) != 0;
   const unsigned int ends = schematic ? m_nType2 - kSchematic : m_nType2;
   if (m_nType == 0) {
     if (schematic) {
-      lumagrid::detail::DrawCompressionSchematic(size, ends);
+      lumagrid::detail::gl::DrawCompressionSchematic(coil, ends);
     } else {
-      lumagrid::detail::DrawCompressionTube(size, ends);
+      lumagrid::detail::gl::DrawCompressionTube(coil, ends);
     }
   } else if (m_nType == 1) {
     if (schematic) {
-      lumagrid::detail::DrawTensionSchematic(size, ends);
+      lumagrid::detail::gl::DrawTensionSchematic(coil, ends);
     } else {
-      lumagrid::detail::DrawTensionTube(size, ends);
+      lumagrid::detail::gl::DrawTensionTube(coil, ends);
     }
   }
 }

@@ -2,50 +2,23 @@
 
 #include <cmath>
 
+#include "math/angles.h"
+#include "shapes/geometry/vector_algebra.h"
+
 namespace lumagrid::detail {
 
 namespace {
 
-struct Vec {
-  double x;
-  double y;
-  double z;
-};
-
-Vec operator+(const Vec& a, const Vec& b) {
-  return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-
-Vec operator-(const Vec& a, const Vec& b) {
-  return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-
-Vec operator*(double s, const Vec& v) {
-  return {s * v.x, s * v.y, s * v.z};
-}
-
-double dot(const Vec& a, const Vec& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vec cross(const Vec& a, const Vec& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double length(const Vec& v) {
-  return std::sqrt(dot(v, v));
-}
-
 // About +Z, in the x-y plane.
-Vec rot(const Vec& v, double a) {
+PathPoint RotatedAboutZ(const PathPoint& v, double a) {
   const double c = std::cos(a);
   const double s = std::sin(a);
   return {v.x * c - v.y * s, v.x * s + v.y * c, 0.0};
 }
 
 // Zero when v is too short to have a direction.
-Vec unit(const Vec& v) {
-  const double len = length(v);
+PathPoint DirectionOrZero(const PathPoint& v) {
+  const double len = Length(v);
   if (len <= 1e-10) {
     return {0.0, 0.0, 0.0};
   }
@@ -54,10 +27,10 @@ Vec unit(const Vec& v) {
 
 // Angle from a to b, positive counter-clockwise about +Z; false when the
 // two are parallel (or either is zero).
-bool signedAngle(const Vec& a, const Vec& b, double& angle) {
-  const Vec n{0.0, 0.0, 1.0};
-  double result = std::acos(dot(a, b) / (length(a) * length(b)));
-  const double side = dot(cross(a, b), n);
+bool SignedAngle(const PathPoint& a, const PathPoint& b, double& angle) {
+  const PathPoint n{0.0, 0.0, 1.0};
+  double result = std::acos(Dot(a, b) / (Length(a) * Length(b)));
+  const double side = Dot(Cross(a, b), n);
   if (side == 0.0) {
     return false;
   }
@@ -69,11 +42,11 @@ bool signedAngle(const Vec& a, const Vec& b, double& angle) {
 }
 
 // Relative to the longer vector; absolute when both are nearly zero.
-bool nearlyEqual(const Vec& a, const Vec& b) {
-  const Vec diff = a - b;
-  const double diff2 = dot(diff, diff);
-  const double a2 = dot(a, a);
-  const double b2 = dot(b, b);
+bool NearlyEqual(const PathPoint& a, const PathPoint& b) {
+  const PathPoint diff = Sub(a, b);
+  const double diff2 = Dot(diff, diff);
+  const double a2 = Dot(a, a);
+  const double b2 = Dot(b, b);
   const double longer2 = a2 > b2 ? a2 : b2;
   if (longer2 < 1e-20) {
     return diff2 < 1e-20;
@@ -82,8 +55,7 @@ bool nearlyEqual(const Vec& a, const Vec& b) {
 }
 
 // Into one turn, with full-precision 2 pi (the arc counts use a shorter one).
-double wrap(double a) {
-  constexpr double kTwoPi = 6.283185307179586;
+double WrapToTurn(double a) {
   if (a >= 0.0) {
     return a - std::floor(a / kTwoPi) * kTwoPi;
   }
@@ -91,26 +63,26 @@ double wrap(double a) {
 }
 
 struct Segment {
-  Vec start;  // on pulley A
-  Vec end;    // on pulley B
+  PathPoint start;  // on pulley A
+  PathPoint end;    // on pulley B
 };
 
 // The two pulleys as big (larger radius, A on a tie) and small circle, with
 // the outer tangent points of both.
 struct Pulleys {
-  Vec bigCentre;
+  PathPoint bigCentre;
   double bigRadius;
-  Vec smallCentre;
+  PathPoint smallCentre;
   double smallRadius;
   bool swapped;  // B is the big circle
   double distance;
-  Vec u;  // from the big centre towards the small one
-  Vec bigPlus, bigMinus, smallPlus, smallMinus;
+  PathPoint u;  // from the big centre towards the small one
+  PathPoint bigPlus, bigMinus, smallPlus, smallMinus;
 };
 
-bool orderPulleys(double r1, double r2, double entraxe, Pulleys& p) {
-  const Vec a{0.0, 0.0, 0.0};
-  const Vec b{entraxe, 0.0, 0.0};
+bool OrderPulleys(double r1, double r2, double entraxe, Pulleys& p) {
+  const PathPoint a{0.0, 0.0, 0.0};
+  const PathPoint b{entraxe, 0.0, 0.0};
   p.swapped = r2 > r1;
   p.bigCentre = p.swapped ? b : a;
   p.bigRadius = p.swapped ? r2 : r1;
@@ -119,24 +91,24 @@ bool orderPulleys(double r1, double r2, double entraxe, Pulleys& p) {
 
   const double big = p.bigRadius;
   const double small = p.smallRadius;
-  const double d = length(p.smallCentre - p.bigCentre);
+  const double d = Length(Sub(p.smallCentre, p.bigCentre));
   p.distance = d;
   if (d < 0.0005 || small + d - big < -0.0005 || std::fabs(small + d - big) < 0.0005) {
     return false;
   }
-  p.u = unit(p.smallCentre - p.bigCentre);
+  p.u = DirectionOrZero(Sub(p.smallCentre, p.bigCentre));
   const double theta = std::acos((big - small) / d);
-  p.bigPlus = p.bigCentre + rot(big * p.u, theta);
-  p.bigMinus = p.bigCentre + rot(big * p.u, -theta);
-  p.smallPlus = p.smallCentre + rot(small * p.u, theta);
-  p.smallMinus = p.smallCentre + rot(small * p.u, -theta);
+  p.bigPlus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), theta));
+  p.bigMinus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), -theta));
+  p.smallPlus = Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), theta));
+  p.smallMinus = Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), -theta));
   return true;
 }
 
 // A segment from a point of the big circle to one of the small, turned to
 // run from A to B; false when its ends coincide.
-bool makeSegment(const Pulleys& p, const Vec& onBig, const Vec& onSmall, Segment& s) {
-  if (nearlyEqual(onBig, onSmall)) {
+bool MakeSegment(const Pulleys& p, const PathPoint& onBig, const PathPoint& onSmall, Segment& s) {
+  if (NearlyEqual(onBig, onSmall)) {
     return false;
   }
   s.start = p.swapped ? onSmall : onBig;
@@ -144,22 +116,22 @@ bool makeSegment(const Pulleys& p, const Vec& onBig, const Vec& onSmall, Segment
   return true;
 }
 
-bool outerTangents(const Pulleys& p, Segment& first, Segment& second) {
-  const Vec tPlus = unit(p.smallPlus - p.bigPlus);
-  const Vec tMinus = unit(p.smallMinus - p.bigMinus);
+bool OuterTangents(const Pulleys& p, Segment& first, Segment& second) {
+  const PathPoint tPlus = DirectionOrZero(Sub(p.smallPlus, p.bigPlus));
+  const PathPoint tMinus = DirectionOrZero(Sub(p.smallMinus, p.bigMinus));
   bool plusFirst = false;
-  if (!nearlyEqual(p.u, tPlus)) {
+  if (!NearlyEqual(p.u, tPlus)) {
     double alphaMinus = 0.0;
     double alphaPlus = 0.0;
-    if (!signedAngle(p.u, tMinus, alphaMinus) || !signedAngle(p.u, tPlus, alphaPlus)) {
+    if (!SignedAngle(p.u, tMinus, alphaMinus) || !SignedAngle(p.u, tPlus, alphaPlus)) {
       return false;
     }
     plusFirst = alphaMinus < 0.0;
   }
   Segment plus{};
   Segment minus{};
-  if (!makeSegment(p, p.bigPlus, p.smallPlus, plus) ||
-      !makeSegment(p, p.bigMinus, p.smallMinus, minus)) {
+  if (!MakeSegment(p, p.bigPlus, p.smallPlus, plus) ||
+      !MakeSegment(p, p.bigMinus, p.smallMinus, minus)) {
     return false;
   }
   first = plusFirst ? plus : minus;
@@ -167,7 +139,7 @@ bool outerTangents(const Pulleys& p, Segment& first, Segment& second) {
   return true;
 }
 
-bool singleTangent(const Pulleys& p, unsigned char code, Segment& s) {
+bool SingleTangent(const Pulleys& p, unsigned char code, Segment& s) {
   const double big = p.bigRadius;
   const double small = p.smallRadius;
   const double d = p.distance;
@@ -178,49 +150,47 @@ bool singleTangent(const Pulleys& p, unsigned char code, Segment& s) {
     return false;
   }
   if (!overlapping && touching && !outer) {
-    const Vec radial = big * p.u;
+    const PathPoint radial = Mul(p.u, big);
     // The far end is the cross product itself, taken as a position.
-    return makeSegment(p, p.bigCentre + radial, cross(radial, Vec{0.0, 0.0, 1.0}), s);
+    return MakeSegment(p, Add(p.bigCentre, radial), Cross(radial, PathPoint{0.0, 0.0, 1.0}), s);
   }
   if (!overlapping && !touching) {
-    constexpr double kPi = 3.1415926535897;
+    // Short on purpose: B's crossed-tangent points sit where they always have.
+    constexpr double kShortPi = 3.1415926535897;
     const double phi = std::acos((big + small) / d);
-    const Vec bigPlus = p.bigCentre + rot(big * p.u, phi);
-    const Vec bigMinus = p.bigCentre + rot(big * p.u, -phi);
-    const Vec smallPlus = p.smallCentre + rot(small * p.u, kPi - phi);
-    const Vec smallMinus = p.smallCentre + rot(small * p.u, -(kPi - phi));
+    const PathPoint bigPlus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), phi));
+    const PathPoint bigMinus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), -phi));
+    const PathPoint smallPlus = Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), kShortPi - phi));
+    const PathPoint smallMinus =
+        Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), -(kShortPi - phi)));
     if (code == 2) {
-      return makeSegment(p, bigPlus, smallMinus, s);
+      return MakeSegment(p, bigPlus, smallMinus, s);
     }
     if (code == 4) {
-      return makeSegment(p, bigMinus, smallPlus, s);
+      return MakeSegment(p, bigMinus, smallPlus, s);
     }
     if (!outer) {
       return false;
     }
   }
   if (code == 1) {
-    return makeSegment(p, p.bigPlus, p.smallPlus, s);
+    return MakeSegment(p, p.bigPlus, p.smallPlus, s);
   }
-  return makeSegment(p, p.bigMinus, p.smallMinus, s);
+  return MakeSegment(p, p.bigMinus, p.smallMinus, s);
 }
 
 // k of an arc: truncated toward zero; no arc at all when it is not a number
 // or beyond int (a sweep that cannot be counted draws nothing).
-int arcCount(double turnsTimesQuality) {
+int ArcCount(double turnsTimesQuality) {
   if (!(turnsTimesQuality > -2147483648.0 && turnsTimesQuality < 2147483648.0)) {
     return -1;
   }
   return static_cast<int>(turnsTimesQuality);
 }
 
-void appendPoint(std::vector<BeltPoint>& out, const Vec& v) {
-  out.push_back({v.x, v.y, v.z});
-}
-
 // Points a0 + i * sweep / k for i = 0 .. k. A count of 0 keeps only the start
 // point instead of dividing by zero.
-void appendArc(std::vector<BeltPoint>& out, double radius, double centreX, bool offsetX, double a0,
+void AppendArc(std::vector<PathPoint>& out, double radius, double centreX, bool offsetX, double a0,
                double sweep, int k) {
   const double step = k == 0 ? 0.0 : sweep / k;
   for (int i = 0; i <= k; ++i) {
@@ -235,55 +205,55 @@ void appendArc(std::vector<BeltPoint>& out, double radius, double centreX, bool 
 
 }  // namespace
 
-std::vector<BeltPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
+std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
                                         unsigned char code) {
-  // The arc counts use this shorter 2 pi, unlike wrap().
+  // The arc counts use this shorter 2 pi, unlike WrapToTurn().
   constexpr double kTurn = 6.2831853071794;
-  std::vector<BeltPoint> out;
+  std::vector<PathPoint> out;
   Pulleys p{};
-  if (!orderPulleys(r1, r2, entraxe, p)) {
+  if (!OrderPulleys(r1, r2, entraxe, p)) {
     return out;
   }
   if (code < kFullBelt) {
     Segment s{};
-    if (singleTangent(p, code, s)) {
-      appendPoint(out, s.end);
-      appendPoint(out, s.start);
+    if (SingleTangent(p, code, s)) {
+      out.push_back(s.end);
+      out.push_back(s.start);
     }
     return out;
   }
 
   Segment first{};
   Segment second{};
-  if (!outerTangents(p, first, second)) {
+  if (!OuterTangents(p, first, second)) {
     return out;
   }
-  appendPoint(out, second.end);
-  appendPoint(out, second.start);
+  out.push_back(second.end);
+  out.push_back(second.start);
 
-  const Vec xAxis{1.0, 0.0, 0.0};
-  const Vec centreA{0.0, 0.0, 0.0};
-  const Vec centreB{entraxe, 0.0, 0.0};
+  const PathPoint xAxis{1.0, 0.0, 0.0};
+  const PathPoint centreA{0.0, 0.0, 0.0};
+  const PathPoint centreB{entraxe, 0.0, 0.0};
   double a0 = 0.0;
   double a1 = 0.0;
-  if (!signedAngle(xAxis, second.start - centreA, a0) ||
-      !signedAngle(xAxis, first.start - centreA, a1)) {
+  if (!SignedAngle(xAxis, Sub(second.start, centreA), a0) ||
+      !SignedAngle(xAxis, Sub(first.start, centreA), a1)) {
     return out;
   }
   // Only the end angle is wrapped, and the sweep's sign is kept: a negative
   // sweep draws no arc on A.
-  const double sweepA = wrap(a1) - a0;
-  appendArc(out, r1, 0.0, false, a0, sweepA, arcCount(sweepA / kTurn * quality));
+  const double sweepA = WrapToTurn(a1) - a0;
+  AppendArc(out, r1, 0.0, false, a0, sweepA, ArcCount(sweepA / kTurn * quality));
 
   double b0 = 0.0;
   double b1 = 0.0;
-  if (!signedAngle(xAxis, first.end - centreB, b0) ||
-      !signedAngle(xAxis, second.end - centreB, b1)) {
+  if (!SignedAngle(xAxis, Sub(first.end, centreB), b0) ||
+      !SignedAngle(xAxis, Sub(second.end, centreB), b1)) {
     return out;
   }
   // No wrap on B, but the count takes the sweep's magnitude.
   const double sweepB = b1 - b0;
-  appendArc(out, r2, entraxe, true, b0, sweepB, arcCount(std::fabs(sweepB) / kTurn * quality));
+  AppendArc(out, r2, entraxe, true, b0, sweepB, ArcCount(std::fabs(sweepB) / kTurn * quality));
   return out;
 }
 

@@ -3,13 +3,9 @@
 
 #include <vector>
 
-namespace lumagrid::detail {
+#include "shapes/geometry/path_point.h"
 
-struct BeltPoint {
-  double x;
-  double y;
-  double z;
-};
+namespace lumagrid::detail {
 
 // Belt-type codes as CGLBelt stores them.
 constexpr unsigned char kFullBelt = 16;
@@ -19,7 +15,7 @@ constexpr unsigned char kFullBelt = 16;
 // single tangent (end on B first); 16 gives the closed outline over both
 // pulleys with `quality` arc points per full turn. Empty when the pulleys
 // admit no tangent.
-std::vector<BeltPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
+std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
                                         unsigned char code);
 
 // CGLBelt::SetBType's mapping of the host's type to the stored code.

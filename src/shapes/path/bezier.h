@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "shapes/path/path_point.h"
+#include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
 

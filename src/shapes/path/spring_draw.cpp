@@ -3,31 +3,19 @@
 #include <GL/gl.h>
 #include <GL/gle.h>
 
-#include <memory>
 #include <vector>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/geometry/emit.h"
+#include "shapes/geometry/path_point.h"
 #include "shapes/path/spring_schematic.h"
-#include "shapes/path/tension_path.h"
-#include "shapes/path/tube.h"
+#include "shapes/tube/tube.h"
 
-namespace lumagrid::detail {
+namespace lumagrid::detail::gl {
 
 namespace {
 
 constexpr int kCapped = TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE;
 constexpr int kOpen = TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE;
-
-void EmitStrip(const std::vector<PathPoint>& points) {
-  glBegin(GL_LINE_STRIP);
-  {
-    for (const PathPoint& p : points) {
-      glVertex3d(p.x, p.y, p.z);
-    }
-  }
-  glEnd();
-}
 
 // The hooks' arcs open towards the body; `turn` rotates the top one.
 template <class Bottom, class Top>
@@ -50,65 +38,53 @@ void Hooks(double length, double turn, Bottom&& bottom, Top&& top) {
 
 }  // namespace
 
-void DrawCompressionTube(const SpringSize& s, unsigned int ends) {
-  const double r = s.wireRadius;
-  const double R = s.radius;
-  const double pitch = s.length / s.turns;
-  // In doubles: turns * 360 overflows an int long before GLE would cope.
-  const double sweep = s.turns * 360.0;
+void DrawCompressionTube(const SpringCoil& s, unsigned int ends) {
+  const CompressionTubes tubes = BuildCompressionTubes(s, ends != 0);
   gleSetJoinStyle(ends != 0 ? kOpen : kCapped);
-  // A helix too long to sample is left out rather than handed to GLE.
-  if (HelixPointCount(sweep, s.sides) != 0) {
-    TubeHelicoid(r, R, 0.0, 0.0, pitch, nullptr, nullptr, s.startAngle, sweep);
+  for (const HelixTube& coil : tubes.coil) {
+    TubeHelicoid(coil);
   }
   if (ends != 0) {
     gleSetJoinStyle(kCapped);
-    TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-    TubeHelicoid(r, R, 0.0, s.length, 0.0, nullptr, nullptr, 0.0, 360.0);
+    for (const HelixTube& ring : tubes.rings) {
+      TubeHelicoid(ring);
+    }
   }
 }
 
-void DrawCompressionSchematic(const SpringSize& s, unsigned int ends) {
+void DrawCompressionSchematic(const SpringCoil& s, unsigned int ends) {
   const std::vector<PathPoint> zigzag = CompressionZigzag(s.radius, s.length, s.turns, ends != 0);
   if (!zigzag.empty()) {
-    EmitStrip(zigzag);
+    EmitLineStrip(zigzag);
   }
 }
 
-void DrawTensionTube(const SpringSize& s, unsigned int ends) {
-  const double r = s.wireRadius;
-  const double R = s.radius;
+void DrawTensionTube(const SpringCoil& s, unsigned int ends) {
   const double twist = ends * 0.25;
+  const TensionTubes tubes = BuildTensionTubes(s, twist);
   gleSetJoinStyle(kOpen);
-  const std::vector<PathPoint> path = TensionBodyPath(r, R, s.length, s.turns, twist, s.sides);
-  if (!path.empty()) {
-    const std::unique_ptr<gleDouble[][3]> points(new gleDouble[path.size()][3]);
-    for (std::size_t i = 0; i < path.size(); ++i) {
-      points[i][0] = path[i].x;
-      points[i][1] = path[i].y;
-      points[i][2] = path[i].z;
-    }
-    TubePolyCylinder(static_cast<int>(path.size()), points.get(), nullptr, r);
+  if (!tubes.body.empty()) {
+    TubePolyCylinder(tubes.body, s.wireRadius);
   }
   gleSetJoinStyle(kCapped);
   Hooks(
-      s.length, twist, [&] { TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 200.0); },
-      [&] { TubeHelicoid(r, R, 0.0, 0.0, 0.0, nullptr, nullptr, -20.0, 200.0); });
+      s.length, twist, [&] { TubeHelicoid(tubes.bottomHook); },
+      [&] { TubeHelicoid(tubes.topHook); });
 }
 
-void DrawTensionSchematic(const SpringSize& s, unsigned int ends) {
+void DrawTensionSchematic(const SpringCoil& s, unsigned int ends) {
   const double R = s.radius;
   const double twist = ends * 0.25;
   const std::vector<PathPoint> zigzag = TensionZigzag(R, s.length, s.turns, twist);
   if (!zigzag.empty()) {
-    EmitStrip(zigzag);
+    EmitLineStrip(zigzag);
   }
   // The loops are drawn on the coil radius alone, with no wire radius; the
   // top one sits at (L - 2R) + 2R, which rounding may move off L.
   const double body = s.length - 2.0 * R;
   Hooks(
-      body + 2.0 * R, twist, [&] { EmitStrip(HookArc(R, 0, 200)); },
-      [&] { EmitStrip(HookArc(R, -20, 180)); });
+      body + 2.0 * R, twist, [&] { EmitLineStrip(HookArc(R, 0, 200)); },
+      [&] { EmitLineStrip(HookArc(R, -20, 180)); });
 }
 
-}  // namespace lumagrid::detail
+}  // namespace lumagrid::detail::gl

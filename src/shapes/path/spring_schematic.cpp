@@ -3,12 +3,11 @@
 #include <cmath>
 #include <cstdint>
 
+#include "math/angles.h"
+
 namespace lumagrid::detail {
 
 namespace {
-
-// Degrees to radians, in single precision.
-constexpr double kDegreeF = 0.01745329238474369;
 
 bool Fits(std::int64_t strokes) {
   return strokes <= static_cast<std::int64_t>(kMaxPathPoints / 2 - 4);

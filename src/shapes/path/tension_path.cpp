@@ -7,15 +7,13 @@
 #include <array>
 #include <cmath>
 
+#include "math/angles.h"
 #include "shapes/path/bezier.h"
-#include "shapes/path/helix_points.h"
+#include "shapes/tube/helix_points.h"
 
 namespace lumagrid::detail {
 
 namespace {
-
-// Degrees to radians, in single precision.
-constexpr double kDegreeF = 0.01745329238474369;
 
 PathPoint Turned(const mat4x4& m, double x, double y, double z) {
   vec3d v(x, y, z);

@@ -10,9 +10,6 @@ namespace lumagrid::detail {
 // Deletes every owned point and empties the list.
 void ClearVertexList(std::vector<CGLPoint*>& points);
 
-// glBegin(GL_LINE_STRIP), one glVertex3d per point in order, glEnd().
-void EmitLineStrip(const std::vector<CGLPoint*>& points);
-
 }  // namespace lumagrid::detail
 
 #endif

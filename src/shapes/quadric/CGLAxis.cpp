@@ -2,6 +2,7 @@
 
 #include <lumagrid/CGLArrow.h>
 
+#include "math/angles.h"
 #include "shapes/quadric/CGLCube.h"
 
 #include <memory>
@@ -34,11 +35,11 @@ void AddOwned(CGLGroup& group, std::unique_ptr<Shape> child) {
 void CGLAxis::Init() {
   // The axes are told apart by their number of heads.
   auto x = std::make_unique<CGLArrow>(m_dLength, m_dRadius, m_bLite, 1, 0.8, 0.4);
-  x->RotateY(1.5707963267948966);  // +z onto +x
+  x->RotateY(lumagrid::detail::kHalfPi);  // +z onto +x
   AddOwned(*this, std::move(x));
 
   auto y = std::make_unique<CGLArrow>(m_dLength, m_dRadius, m_bLite, 2, 0.8, 0.4);
-  y->RotateX(-1.5707963267948966);  // +z onto +y
+  y->RotateX(-lumagrid::detail::kHalfPi);  // +z onto +y
   AddOwned(*this, std::move(y));
 
   AddOwned(*this, std::make_unique<CGLArrow>(m_dLength, m_dRadius, m_bLite, 3, 0.8, 0.4));

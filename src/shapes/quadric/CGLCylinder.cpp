@@ -1,7 +1,7 @@
 #include <lumagrid/CGLCylinder.h>
 
-#include <GL/gl.h>
-#include <GL/glu.h>
+#include "shapes/quadric/cylinder_geometry.h"
+#include "shapes/quadric/quadric_emit.h"
 
 CGLCylinder::CGLCylinder() : CGLCylinder(1.0, 1.0, true) {}
 
@@ -20,25 +20,8 @@ CGLCylinder::~CGLCylinder() = default;
 
 long CGLCylinder::DisplayListMake() {
   return DisplayListCompile([&] {
-    // Outside first: a base disk without a top one leaves the quadric inside.
-    gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
-    gluCylinder(m_pQuadric, m_dBaseRadius, m_dTopRadius, m_dHeight, m_nSlices, m_nStacks);
-    if (!m_bClosed) {
-      return;
-    }
-    // Strict tests: a zero (apex) or NaN radius gets no disk.
-    if (m_dBaseRadius > 0.0) {
-      gluQuadricOrientation(m_pQuadric, GLU_INSIDE);
-      gluDisk(m_pQuadric, 0.0, m_dBaseRadius, m_nSlices, 1);
-    }
-    if (m_dTopRadius > 0.0) {
-      glPushMatrix();
-      {
-        gluQuadricOrientation(m_pQuadric, GLU_OUTSIDE);
-        glTranslated(0.0, 0.0, m_dHeight);
-        gluDisk(m_pQuadric, 0.0, m_dTopRadius, m_nSlices, 1);
-      }
-      glPopMatrix();
-    }
+    lumagrid::detail::gl::EmitCylinder(
+        m_pQuadric, lumagrid::detail::BuildCylinderGeometry(m_dBaseRadius, m_dTopRadius, m_dHeight,
+                                                            m_bClosed, m_nSlices, m_nStacks));
   });
 }

@@ -1,6 +1,7 @@
 #include <lumagrid/CGLSphere.h>
 
-#include <GL/glu.h>
+#include "shapes/quadric/quadric_emit.h"
+#include "shapes/quadric/sphere_geometry.h"
 
 CGLSphere::CGLSphere() : CGLSphere(1.0) {}
 
@@ -18,6 +19,8 @@ double CGLSphere::Radius() const {
 }
 
 long CGLSphere::DisplayListMake() {
-  // The sphere's quadric is never turned inside, so no orientation call.
-  return DisplayListCompile([&] { gluSphere(m_pQuadric, m_dRadius, m_nSlices, m_nStacks); });
+  return DisplayListCompile([&] {
+    lumagrid::detail::gl::EmitSphere(
+        m_pQuadric, lumagrid::detail::BuildSphereGeometry(m_dRadius, m_nSlices, m_nStacks));
+  });
 }

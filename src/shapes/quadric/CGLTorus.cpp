@@ -4,8 +4,9 @@
 
 #include <cmath>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/tube.h"
+#include "shapes/quadric/torus_geometry.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/tube/tube.h"
 
 namespace {
 
@@ -60,8 +61,8 @@ long CGLTorus::DisplayListMake() {
     // A ring that cannot be sampled leaves the list empty.
     if (Sweepable(m_dStartAngle, m_dSweepAngle)) {
       // Solid or wireframe, as the last spring drawn left the tubes.
-      lumagrid::detail::TubeToroid(m_dInnerRadius, m_dOuterRadius, 0.0, 0.0, 0.0, nullptr, nullptr,
-                                   m_dStartAngle, m_dSweepAngle);
+      lumagrid::detail::gl::TubeToroid(lumagrid::detail::BuildTorusRing(
+          m_dInnerRadius, m_dOuterRadius, m_dStartAngle, m_dSweepAngle));
     }
   });
 }

@@ -23,7 +23,7 @@
 #include "recorded/RecordedTest.h"
 #include "recorded/Shorthands.h"
 #include "recorded/SilentCall.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 namespace {
 
@@ -545,7 +545,7 @@ TEST_F(Spring, UnshadedSpringIsAWireframeTube) {
   EXPECT_EQ(std::count_if(body.begin(), body.end(),
                           [](const std::string& l) { return l.rfind("glVertex3d", 0) == 0; }),
             2 * 61 * 20 + 2 * 20);
-  EXPECT_FALSE(lumagrid::detail::TubeFilled());
+  EXPECT_FALSE(lumagrid::detail::gl::TubeFilled());
 }
 
 TEST_F(Spring, WireframeTensionSpringSweepsBodyAndHooks) {
@@ -567,10 +567,10 @@ TEST_F(Spring, ShadingIsLeftForLaterTubes) {
   CGLSpring wire;
   wire.SetShadedMode(0);
   wire.DisplayListMake();
-  EXPECT_FALSE(lumagrid::detail::TubeFilled());
+  EXPECT_FALSE(lumagrid::detail::gl::TubeFilled());
   CGLSpring solid;
   solid.DisplayListMake();
-  EXPECT_TRUE(lumagrid::detail::TubeFilled());
+  EXPECT_TRUE(lumagrid::detail::gl::TubeFilled());
 }
 
 TEST_F(Spring, TorusBuiltAfterAWireframeSpringIsAWireframe) {

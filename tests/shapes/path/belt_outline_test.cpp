@@ -13,9 +13,9 @@
 
 namespace {
 
-using lumagrid::detail::BeltPoint;
 using lumagrid::detail::BeltTypeCode;
 using lumagrid::detail::BuildBeltOutline;
+using lumagrid::detail::PathPoint;
 
 const double kPi = std::acos(-1.0);
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -26,7 +26,7 @@ struct Expected {
   double y;
 };
 
-::testing::AssertionResult near(const BeltPoint& p, const Expected& e) {
+::testing::AssertionResult near(const PathPoint& p, const Expected& e) {
   if (std::fabs(p.x - e.x) <= kTol && std::fabs(p.y - e.y) <= kTol && p.z == 0.0) {
     return ::testing::AssertionSuccess();
   }
@@ -38,27 +38,27 @@ Expected onCircle(double cx, double r, double angle) {
   return {cx + r * std::cos(angle), r * std::sin(angle)};
 }
 
-double distance(const BeltPoint& p, double cx) {
+double distance(const PathPoint& p, double cx) {
   return std::hypot(p.x - cx, p.y);
 }
 
 // The line p-q touches the circle (cx, r) at p when p is on it and the
 // radius to p is perpendicular to the line.
-void expectTangentAt(const BeltPoint& p, const BeltPoint& q, double cx, double r) {
+void expectTangentAt(const PathPoint& p, const PathPoint& q, double cx, double r) {
   EXPECT_NEAR(distance(p, cx), std::fabs(r), 1e-12);
   const double dot = (p.x - cx) * (q.x - p.x) + p.y * (q.y - p.y);
   EXPECT_NEAR(dot, 0.0, 1e-12);
 }
 
 // The outline is one straight segment, from `from` to `to`.
-void expectSegment(const std::vector<BeltPoint>& pts, const Expected& from, const Expected& to) {
+void expectSegment(const std::vector<PathPoint>& pts, const Expected& from, const Expected& to) {
   ASSERT_EQ(pts.size(), 2u);
   EXPECT_TRUE(near(pts[0], from));
   EXPECT_TRUE(near(pts[1], to));
 }
 
 // Arc points a0 + i * sweep / k, i = 0 .. k, with k as the belt counts it.
-void expectArc(const std::vector<BeltPoint>& pts, std::size_t first, double cx, double r, double a0,
+void expectArc(const std::vector<PathPoint>& pts, std::size_t first, double cx, double r, double a0,
                double sweep, int k) {
   ASSERT_GE(pts.size(), first + static_cast<std::size_t>(k) + 1);
   for (int i = 0; i <= k; ++i) {
@@ -67,7 +67,7 @@ void expectArc(const std::vector<BeltPoint>& pts, std::size_t first, double cx, 
 }
 
 TEST(BeltOutline, DefaultBeltHasTwoPlusElevenPlusElevenPoints) {
-  const std::vector<BeltPoint> pts = BuildBeltOutline(1.0, 1.0, 1.0, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(1.0, 1.0, 1.0, 20, 16);
   ASSERT_EQ(pts.size(), 2u + 11u + 11u);
   EXPECT_TRUE(near(pts[0], {1.0, 1.0}));  // upper straight, B end first
   EXPECT_TRUE(near(pts[1], {0.0, 1.0}));
@@ -80,7 +80,7 @@ TEST(BeltOutline, EqualPulleysGiveHalfTheQualityStepsPerHalfTurn) {
   for (int quality : {20, 50}) {
     const double r = 0.5;
     const double e = 3.0;
-    const std::vector<BeltPoint> pts = BuildBeltOutline(r, r, e, quality, 16);
+    const std::vector<PathPoint> pts = BuildBeltOutline(r, r, e, quality, 16);
     const int k = quality / 2;
     ASSERT_EQ(pts.size(), 2u + 2u * static_cast<std::size_t>(k + 1)) << quality;
     EXPECT_TRUE(near(pts[0], {e, r}));
@@ -92,7 +92,7 @@ TEST(BeltOutline, EqualPulleysGiveHalfTheQualityStepsPerHalfTurn) {
 
 TEST(BeltOutline, LargerPulleyAIsWrappedOnItsFarSide) {
   const double r1 = 2.0, r2 = 1.0, e = 5.0;
-  const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
   // Outer tangents touch both circles at +-theta from the line of centres.
   const double theta = std::acos((r1 - r2) / e);
   ASSERT_GE(pts.size(), 2u);
@@ -115,7 +115,7 @@ TEST(BeltOutline, LargerPulleyAIsWrappedOnItsFarSide) {
 // counter-clockwise through the side that faces B, as the angles fall out.
 TEST(BeltOutline, LargerPulleyBDrawsAsArcOnTheSideFacingB) {
   const double r1 = 1.0, r2 = 2.0, e = 5.0;
-  const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
   const double theta = std::acos((r2 - r1) / e);
   ASSERT_GE(pts.size(), 2u);
   // Tangent points at pi +- theta on both circles; the lower straight first.
@@ -149,7 +149,7 @@ TEST(BeltOutline, WrapUsesFullPrecisionTwoPi) {
   // would fall 1.9e-13 short, 3.7e-12 at this radius.
   const double r1 = 20.0, r2 = 10.0, e = 50.0;
   const double theta = std::acos((r1 - r2) / e);
-  const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(r1, r2, e, 20, 16);
   const int kA = static_cast<int>((2 * kPi - 2 * theta) / (2 * kPi) * 20);
   ASSERT_GT(pts.size(), static_cast<std::size_t>(2 + kA));
   const Expected end = onCircle(0.0, r1, 2 * kPi - theta);
@@ -160,7 +160,7 @@ TEST(BeltOutline, WrapUsesFullPrecisionTwoPi) {
 TEST(BeltOutline, ArcCountDividesByTheShortTurn) {
   // Here A's sweep is a hair under 12/18 of a turn: 6.2831853071794 counts
   // 12 steps where full-precision 2 pi would count 11.
-  const std::vector<BeltPoint> pts = BuildBeltOutline(4.5, 3.1, 2.8, 18, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(4.5, 3.1, 2.8, 18, 16);
   EXPECT_EQ(pts.size(), 2u + 13u + 7u);
 }
 
@@ -196,7 +196,7 @@ struct SingleCase {
 constexpr double kR1 = 1.0, kR2 = 0.5, kE = 4.0;
 
 TEST(BeltOutline, CodeOneIsTheUpperOuterTangentBEndFirst) {
-  const std::vector<BeltPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 1);
+  const std::vector<PathPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 1);
   const double theta = std::acos((kR1 - kR2) / kE);
   expectSegment(pts, onCircle(kE, kR2, theta), onCircle(0.0, kR1, theta));
   expectTangentAt(pts[1], pts[0], 0.0, kR1);
@@ -204,7 +204,7 @@ TEST(BeltOutline, CodeOneIsTheUpperOuterTangentBEndFirst) {
 }
 
 TEST(BeltOutline, CodeEightIsTheLowerOuterTangent) {
-  const std::vector<BeltPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 8);
+  const std::vector<PathPoint> pts = BuildBeltOutline(kR1, kR2, kE, 20, 8);
   const double theta = std::acos((kR1 - kR2) / kE);
   expectSegment(pts, onCircle(kE, kR2, -theta), onCircle(0.0, kR1, -theta));
 }
@@ -212,12 +212,12 @@ TEST(BeltOutline, CodeEightIsTheLowerOuterTangent) {
 TEST(BeltOutline, CodesTwoAndFourAreTheCrossedTangents) {
   // A crossed tangent touches A at +-phi and B at pi -+ phi, cos phi = (R + r) / d.
   const double phi = std::acos((kR1 + kR2) / kE);
-  const std::vector<BeltPoint> two = BuildBeltOutline(kR1, kR2, kE, 20, 2);
+  const std::vector<PathPoint> two = BuildBeltOutline(kR1, kR2, kE, 20, 2);
   expectSegment(two, onCircle(kE, kR2, -(kPi - phi)), onCircle(0.0, kR1, phi));
   expectTangentAt(two[1], two[0], 0.0, kR1);
   expectTangentAt(two[0], two[1], kE, kR2);
 
-  const std::vector<BeltPoint> four = BuildBeltOutline(kR1, kR2, kE, 20, 4);
+  const std::vector<PathPoint> four = BuildBeltOutline(kR1, kR2, kE, 20, 4);
   expectSegment(four, onCircle(kE, kR2, kPi - phi), onCircle(0.0, kR1, -phi));
   expectTangentAt(four[1], four[0], 0.0, kR1);
 }
@@ -230,7 +230,7 @@ TEST(BeltOutline, CrossedTangentTakesPiAsThirteenDigits) {
   const double a = -(shortPi - phi);
   const double x = kE + (kR2 * std::cos(a) - 0.0 * std::sin(a));
   const double y = kR2 * std::sin(a) + 0.0 * std::cos(a);
-  const std::vector<BeltPoint> two = BuildBeltOutline(kR1, kR2, kE, 20, 2);
+  const std::vector<PathPoint> two = BuildBeltOutline(kR1, kR2, kE, 20, 2);
   ASSERT_EQ(two.size(), 2u);
   EXPECT_EQ(two[0].x, x);
   EXPECT_EQ(two[0].y, y);
@@ -242,7 +242,7 @@ TEST(BeltOutline, TouchingPulleysGiveTheCrossProductPoint) {
   // A (r 1 at 0) touches B (r 1 at 2) at (1, 0). The crossed codes give the
   // segment from there to (R u) x z = (0, -1, 0), taken as a position.
   for (unsigned char code : {2, 4}) {
-    const std::vector<BeltPoint> pts = BuildBeltOutline(1.0, 1.0, 2.0, 20, code);
+    const std::vector<PathPoint> pts = BuildBeltOutline(1.0, 1.0, 2.0, 20, code);
     ASSERT_EQ(pts.size(), 2u) << int(code);
     EXPECT_TRUE(near(pts[0], {0.0, -1.0})) << int(code);
     EXPECT_TRUE(near(pts[1], {1.0, 0.0})) << int(code);
@@ -250,7 +250,7 @@ TEST(BeltOutline, TouchingPulleysGiveTheCrossProductPoint) {
 }
 
 TEST(BeltOutline, TouchingPulleysKeepTheOuterTangents) {
-  const std::vector<BeltPoint> one = BuildBeltOutline(1.0, 1.0, 2.0, 20, 1);
+  const std::vector<PathPoint> one = BuildBeltOutline(1.0, 1.0, 2.0, 20, 1);
   expectSegment(one, {2.0, 1.0}, {0.0, 1.0});
 }
 
@@ -258,7 +258,7 @@ TEST(BeltOutline, TouchingWithBTheLargerRunsFromTheCrossPointToTheTouch) {
   // B is the big circle: u points from B to A, T = B + R u = (1, 0) and the
   // cross product (R u) x z = (0, 2, 0); the segment is turned to run from
   // the small circle's side, so B's end (the touch point) comes first.
-  const std::vector<BeltPoint> pts = BuildBeltOutline(1.0, 2.0, 3.0, 20, 2);
+  const std::vector<PathPoint> pts = BuildBeltOutline(1.0, 2.0, 3.0, 20, 2);
   expectSegment(pts, {1.0, 0.0}, {0.0, 2.0});
 }
 
@@ -281,7 +281,7 @@ TEST(BeltOutline, SwappedPulleysRunEachSegmentFromAToB) {
   // the outline still lists B's end first.
   const double r1 = 0.5, r2 = 1.0, e = 4.0;
   const double theta = std::acos((r2 - r1) / e);
-  const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 20, 1);
+  const std::vector<PathPoint> pts = BuildBeltOutline(r1, r2, e, 20, 1);
   expectSegment(pts, onCircle(e, r2, kPi + theta), onCircle(0.0, r1, kPi + theta));
 }
 
@@ -299,14 +299,14 @@ TEST(BeltOutline, TypeCodesMapOneTwoFourEightBackwards) {
 
 TEST(BeltOutline, ZeroRadiiStopAfterTheStraight) {
   // Both tangents run centre to centre; A's centre has no angle.
-  const std::vector<BeltPoint> pts = BuildBeltOutline(0.0, 0.0, 2.0, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(0.0, 0.0, 2.0, 20, 16);
   expectSegment(pts, {2.0, 0.0}, {0.0, 0.0});
 }
 
 TEST(BeltOutline, NaNInputsGiveNoArcsAndNoCrash) {
   for (const auto& in : std::vector<std::vector<double>>{
            {kNaN, 1.0, 3.0}, {1.0, kNaN, 3.0}, {1.0, 1.0, kNaN}, {kNaN, kNaN, kNaN}}) {
-    const std::vector<BeltPoint> pts = BuildBeltOutline(in[0], in[1], in[2], 20, 16);
+    const std::vector<PathPoint> pts = BuildBeltOutline(in[0], in[1], in[2], 20, 16);
     EXPECT_LE(pts.size(), 2u);
     for (unsigned char code : {1, 2, 4, 8}) {
       EXPECT_LE(BuildBeltOutline(in[0], in[1], in[2], 20, code).size(), 2u);
@@ -329,9 +329,9 @@ TEST(BeltOutline, NegativeAndInfiniteValuesStayBounded) {
 }
 
 TEST(BeltOutline, NegativeEntraxeMirrorsTheBelt) {
-  const std::vector<BeltPoint> pts = BuildBeltOutline(1.0, 1.0, -3.0, 20, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(1.0, 1.0, -3.0, 20, 16);
   ASSERT_GE(pts.size(), 2u);
-  for (const BeltPoint& p : pts) {
+  for (const PathPoint& p : pts) {
     const double toA = std::hypot(p.x, p.y);
     const double toB = std::hypot(p.x + 3.0, p.y);
     EXPECT_TRUE(std::fabs(toA - 1.0) < 1e-9 || std::fabs(toB - 1.0) < 1e-9);
@@ -345,12 +345,12 @@ TEST(BeltOutline, ArcOfCountZeroKeepsOnlyItsStartPoint) {
   const double r1 = 10.0, r2 = 0.01, e = 10.5;
   const double theta = std::acos((r1 - r2) / e);
   ASSERT_LT(2 * theta / (2 * kPi) * 10, 1.0);
-  const std::vector<BeltPoint> pts = BuildBeltOutline(r1, r2, e, 10, 16);
+  const std::vector<PathPoint> pts = BuildBeltOutline(r1, r2, e, 10, 16);
   const double sweepA = 2 * kPi - 2 * theta;
   const int kA = static_cast<int>(sweepA / (2 * kPi) * 10);
   ASSERT_EQ(pts.size(), 2u + static_cast<std::size_t>(kA + 1) + 1u);
   EXPECT_TRUE(near(pts.back(), onCircle(e, r2, -theta)));
-  for (const BeltPoint& p : pts) {
+  for (const PathPoint& p : pts) {
     EXPECT_FALSE(std::isnan(p.x) || std::isnan(p.y));
   }
 }

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "shapes/path/bezier.h"
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/path_point.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/path/tension_path.h"
 #include "naming/ParamName.h"

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
 // Back to a fresh recorded context, the stock tessellation defaults and solid
 // tubes, and back to the defaults again afterwards, so that no test leaks
@@ -17,12 +17,12 @@ class RecordedTest : public ::testing::Test {
     glrecorder::recorder().reset();
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
-    lumagrid::detail::SetTubeFilled(true);
+    lumagrid::detail::gl::SetTubeFilled(true);
   }
   void TearDown() override {
     CGLObject::s_nSlices4New = 128;
     CGLObject::s_nStacks4New = 8;
-    lumagrid::detail::SetTubeFilled(true);
+    lumagrid::detail::gl::SetTubeFilled(true);
   }
 };
 

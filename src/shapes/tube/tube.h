@@ -1,9 +1,14 @@
-#ifndef LUMAGRID_SRC_SHAPES_PATH_TUBE_H
-#define LUMAGRID_SRC_SHAPES_PATH_TUBE_H
+#ifndef LUMAGRID_SRC_SHAPES_TUBE_TUBE_H
+#define LUMAGRID_SRC_SHAPES_TUBE_TUBE_H
 
 #include <GL/gle.h>
 
-namespace lumagrid::detail {
+#include <vector>
+
+#include "shapes/geometry/path_point.h"
+#include "shapes/tube/helix_points.h"
+
+namespace lumagrid::detail::gl {
 
 // GLE's helicoid, toroid and poly-cylinder, with GLE's arguments. While
 // tubes are filled (tube_fill.h) each is exactly GLE's own call. Otherwise
@@ -22,6 +27,11 @@ void TubeToroid(gleDouble rToroid, gleDouble startRadius, gleDouble drdTheta, gl
 void TubePolyCylinder(int npoints, gleDouble pointArray[][3], gleColor colorArray[],
                       gleDouble radius);
 
-}  // namespace lumagrid::detail
+// The same for tubes given as data, with no transform and no colours.
+void TubeHelicoid(const HelixTube& tube);
+void TubeToroid(const HelixTube& tube);
+void TubePolyCylinder(const std::vector<PathPoint>& path, double radius);
+
+}  // namespace lumagrid::detail::gl
 
 #endif

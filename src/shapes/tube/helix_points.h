@@ -1,10 +1,10 @@
-#ifndef LUMAGRID_SRC_SHAPES_PATH_HELIX_POINTS_H
-#define LUMAGRID_SRC_SHAPES_PATH_HELIX_POINTS_H
+#ifndef LUMAGRID_SRC_SHAPES_TUBE_HELIX_POINTS_H
+#define LUMAGRID_SRC_SHAPES_TUBE_HELIX_POINTS_H
 
 #include <cstddef>
 #include <vector>
 
-#include "shapes/path/path_point.h"
+#include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
 
@@ -17,6 +17,13 @@ struct Helix {
   double dzdTheta;
   double startTheta;
   double sweepTheta;
+};
+
+// A round tube of the given radius along a helix, as GLE's helicoid and
+// toroid take it.
+struct HelixTube {
+  double radius;
+  Helix helix;
 };
 
 // One sample of a helix: angle in radians, distance from the axis, height.

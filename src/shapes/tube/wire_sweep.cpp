@@ -1,37 +1,18 @@
-#include "shapes/path/wire_sweep.h"
+#include "shapes/tube/wire_sweep.h"
 
 #include <algorithm>
 #include <cmath>
+
+#include "math/angles.h"
+#include "shapes/geometry/vector_algebra.h"
 
 namespace lumagrid::detail {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-
-PathPoint Add(const PathPoint& a, const PathPoint& b) {
-  return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-
-PathPoint Sub(const PathPoint& a, const PathPoint& b) {
-  return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-
-PathPoint Mul(const PathPoint& a, double s) {
-  return {a.x * s, a.y * s, a.z * s};
-}
-
-double Dot(const PathPoint& a, const PathPoint& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-PathPoint Cross(const PathPoint& a, const PathPoint& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
 // Scales v to unit length; false (v unchanged) when it has none.
 bool Unit(PathPoint& v) {
-  const double length = std::sqrt(Dot(v, v));
+  const double length = Length(v);
   if (!(length > 0.0) || !std::isfinite(length)) {
     return false;
   }

@@ -1,14 +1,10 @@
-#include "shapes/path/helix_points.h"
+#include "shapes/tube/helix_points.h"
 
 #include <cmath>
 
+#include "math/angles.h"
+
 namespace lumagrid::detail {
-
-namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-}  // namespace
 
 std::size_t HelixPointCount(double sweepTheta, int sides) {
   const double whole = std::fabs(sweepTheta) * (static_cast<double>(sides) / 360.0);

@@ -16,8 +16,8 @@
 #include <lumagrid/testing/GLRecorder.h>
 #include <lumagrid/testing/Matchers.h>
 #include "recorded/RecordedTest.h"
-#include "shapes/path/tube.h"
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube.h"
+#include "shapes/tube/tube_fill.h"
 #include "naming/ParamName.h"
 
 namespace {
@@ -99,18 +99,18 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         FilledCase{"Helicoid",
                    [] {
-                     lumagrid::detail::TubeHelicoid(0.1, 1.0, 0.5, 0.25, 2.0, nullptr, nullptr,
-                                                    15.0, 700.0);
+                     lumagrid::detail::gl::TubeHelicoid(0.1, 1.0, 0.5, 0.25, 2.0, nullptr, nullptr,
+                                                        15.0, 700.0);
                    },
                    line("gleHelicoid", 0.1, 1.0, 0.5, 0.25, 2.0, nullptr, nullptr, 15.0, 700.0)},
         FilledCase{"Toroid",
                    [] {
-                     lumagrid::detail::TubeToroid(0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0,
-                                                  180.0);
+                     lumagrid::detail::gl::TubeToroid(0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr,
+                                                      90.0, 180.0);
                    },
                    line("gleToroid", 0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0)},
         FilledCase{"PolyCylinder",
-                   [] { lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3); },
+                   [] { lumagrid::detail::gl::TubePolyCylinder(4, g_path, nullptr, 0.3); },
                    line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
     ParamName());
 
@@ -120,8 +120,8 @@ TEST_F(Tube, WireSweepAsksGleForSidesAndJoinStyle) {
   gleSetNumSides(6);
   gleSetJoinStyle(kOpen);
   recorder().clearCalls();
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 360.0);
   const Lines log = recorder().log();
   ASSERT_GE(log.size(), 4u);
   EXPECT_EQ(log[0], line("gleGetNumSides"));
@@ -136,8 +136,8 @@ TEST_F(Tube, WireHelicoidDrawsOneLinePerSidePerStepOnTheTube) {
   const double r = 0.1;
   gleSetNumSides(sides);
   gleSetJoinStyle(kOpen);
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeHelicoid(r, 1.0, 0.0, 0.5, 2.0, nullptr, nullptr, 30.0, 720.0);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeHelicoid(r, 1.0, 0.0, 0.5, 2.0, nullptr, nullptr, 30.0, 720.0);
 
   const std::vector<Vec> centre = OwnHelix(1.0, 0.5, 2.0, 30.0, 720.0, sides);
   const std::size_t steps = centre.size() - 3;
@@ -160,8 +160,8 @@ TEST_F(Tube, WireToroidRingsLieOnTheTorus) {
   const int sides = 12;
   gleSetNumSides(sides);
   gleSetJoinStyle(530);
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeToroid(0.3, 1.5, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeToroid(0.3, 1.5, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
 
   // 360 degrees at 12 sides: 16 points, 13 steps.
   const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
@@ -181,8 +181,8 @@ TEST_F(Tube, WireToroidRingsLieOnTheTorus) {
 TEST_F(Tube, WireToroidCapsAreUprightCirclesAtTheSweepsEnds) {
   gleSetNumSides(10);
   gleSetJoinStyle(530);
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeToroid(0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeToroid(0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0);
   const std::vector<glrecorder::Primitive> caps = PrimitivesOf(GL_POLYGON);
   ASSERT_EQ(caps.size(), 2u);
   for (const Vec& p : caps[0].vertices) {
@@ -210,10 +210,10 @@ class WireCaps : public Tube, public ::testing::WithParamInterface<CapCase> {};
 TEST_P(WireCaps, FollowTheJoinStyle) {
   gleSetNumSides(10);
   gleSetJoinStyle(GetParam().joinStyle);
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 360.0);
-  lumagrid::detail::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 90.0);
-  lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 90.0);
+  lumagrid::detail::gl::TubePolyCylinder(4, g_path, nullptr, 0.3);
   EXPECT_EQ(PrimitivesOf(GL_POLYGON).size(), 3 * GetParam().caps);
   EXPECT_EQ(PrimitivesOf(GL_LINES).size(), 3u);
 }
@@ -229,8 +229,8 @@ TEST_F(Tube, WirePolyCylinderSkipsItsDirectionPoints) {
   gleSetNumSides(4);
   gleSetJoinStyle(kCapped);
   double path[5][3] = {{0, 0, -1}, {0, 0, 0}, {0, 0, 1}, {0, 0, 2}, {0, 0, 7}};
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubePolyCylinder(5, path, nullptr, 0.5);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubePolyCylinder(5, path, nullptr, 0.5);
 
   const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
@@ -262,8 +262,8 @@ TEST_F(Tube, WireJointsAreMitred) {
   gleSetJoinStyle(kOpen);
   // Up the y axis, then a right angle onto x at (0, 1, 0).
   double path[5][3] = {{0, -1, 0}, {0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 1, 0}};
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubePolyCylinder(5, path, nullptr, 0.25);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubePolyCylinder(5, path, nullptr, 0.25);
 
   const std::vector<glrecorder::Primitive> lines = PrimitivesOf(GL_LINES);
   ASSERT_EQ(lines.size(), 1u);
@@ -286,8 +286,8 @@ TEST_F(Tube, WireLinesCarryTheTubesOutwardNormal) {
   gleSetNumSides(4);
   gleSetJoinStyle(kOpen);
   double path[4][3] = {{0, 0, -1}, {0, 0, 0}, {0, 0, 1}, {0, 0, 2}};
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubePolyCylinder(4, path, nullptr, 2.0);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubePolyCylinder(4, path, nullptr, 2.0);
   const std::vector<glrecorder::Call> normals = recorder().callsNamed("glNormal3f");
   const std::vector<glrecorder::Call> vertices = recorder().callsNamed("glVertex3d");
   ASSERT_EQ(normals.size(), vertices.size());
@@ -302,10 +302,10 @@ TEST_F(Tube, WireLinesCarryTheTubesOutwardNormal) {
 TEST_F(Tube, TransformsAndColoursStayWithGle) {
   double xform[2][3] = {{1, 0, 0}, {0, 1, 0}};
   float colours[4][3] = {};
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, xform, nullptr, 0.0, 360.0);
-  lumagrid::detail::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, xform, 0.0, 360.0);
-  lumagrid::detail::TubePolyCylinder(4, g_path, colours, 0.3);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, xform, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, xform, 0.0, 360.0);
+  lumagrid::detail::gl::TubePolyCylinder(4, g_path, colours, 0.3);
   EXPECT_EQ(recorder().count("gleHelicoid"), 1u);
   EXPECT_EQ(recorder().count("gleToroid"), 1u);
   EXPECT_EQ(recorder().count("glePolyCylinder"), 1u);
@@ -313,22 +313,22 @@ TEST_F(Tube, TransformsAndColoursStayWithGle) {
 }
 
 TEST_F(Tube, WireSweepsTooLongOrTooFineDrawNothing) {
-  lumagrid::detail::SetTubeFilled(false);
+  lumagrid::detail::gl::SetTubeFilled(false);
   gleSetNumSides(20);
-  lumagrid::detail::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 3.6e8);
+  lumagrid::detail::gl::TubeHelicoid(0.1, 1.0, 0.0, 0.0, 1.0, nullptr, nullptr, 0.0, 3.6e8);
   gleSetNumSides(1 << 22);
-  lumagrid::detail::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-  lumagrid::detail::TubePolyCylinder(4, g_path, nullptr, 0.3);
+  lumagrid::detail::gl::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::TubePolyCylinder(4, g_path, nullptr, 0.3);
   gleSetNumSides(0);
-  lumagrid::detail::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
-  lumagrid::detail::TubePolyCylinder(0, nullptr, nullptr, 0.3);
+  lumagrid::detail::gl::TubeToroid(0.1, 1.0, 0.0, 0.0, 0.0, nullptr, nullptr, 0.0, 360.0);
+  lumagrid::detail::gl::TubePolyCylinder(0, nullptr, nullptr, 0.3);
   EXPECT_EQ(recorder().count("glBegin"), 0u);
 }
 
 TEST_F(Tube, WirePolyCylinderOfFewerThanFourPointsDrawsNothing) {
   gleSetJoinStyle(kCapped);
-  lumagrid::detail::SetTubeFilled(false);
-  lumagrid::detail::TubePolyCylinder(3, g_path, nullptr, 0.3);
+  lumagrid::detail::gl::SetTubeFilled(false);
+  lumagrid::detail::gl::TubePolyCylinder(3, g_path, nullptr, 0.3);
   EXPECT_EQ(recorder().count("glBegin"), 0u);
 }
 

@@ -1,6 +1,6 @@
-#include "shapes/path/tube_fill.h"
+#include "shapes/tube/tube_fill.h"
 
-namespace lumagrid::detail {
+namespace lumagrid::detail::gl {
 
 namespace {
 
@@ -16,4 +16,4 @@ bool TubeFilled() {
   return g_filled;
 }
 
-}  // namespace lumagrid::detail
+}  // namespace lumagrid::detail::gl

@@ -1,12 +1,17 @@
-#ifndef LUMAGRID_SRC_SHAPES_PATH_WIRE_SWEEP_H
-#define LUMAGRID_SRC_SHAPES_PATH_WIRE_SWEEP_H
+#ifndef LUMAGRID_SRC_SHAPES_TUBE_WIRE_SWEEP_H
+#define LUMAGRID_SRC_SHAPES_TUBE_WIRE_SWEEP_H
 
+#include <cstddef>
 #include <vector>
 
-#include "shapes/path/helix_points.h"
-#include "shapes/path/path_point.h"
+#include "shapes/tube/helix_points.h"
+#include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
+
+// No sweep returns more lines than this, for the same reason as
+// kMaxPathPoints.
+constexpr std::size_t kMaxWireLines = std::size_t{1} << 20;
 
 // A vertex of the wireframe with the tube's outward normal there.
 struct WireVertex {
