@@ -158,8 +158,8 @@ TEST_F(Group, MoveChangesOnlyTheGroupsMatrix) {
   g.Move(1.0, 2.0, 3.0);
   mat4x4 expected;
   expected.loadTranslate(1.0, 2.0, 3.0);
-  EXPECT_TRUE(SameValues(g.m_matrix, expected));
-  EXPECT_TRUE(SameValues(member->m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(g.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(member->m_matrix, Identity()));
 }
 
 TEST_F(Group, MembersAreDrawnTranslatedByTheGroup) {

@@ -28,7 +28,7 @@ ObjectProbe Clean() {
 
 // o is still as Clean() made it: the identity, and no rebuild mark.
 ::testing::AssertionResult Untouched(const ObjectProbe& o) {
-  if (!SameValues(o.m_matrix, Identity())) {
+  if (!mathtest::equalOrBothNaN(o.m_matrix, Identity())) {
     return ::testing::AssertionFailure() << "the matrix changed";
   }
   if (o.m_bModified) {
@@ -45,7 +45,7 @@ mat4x4 Translation(double x, double y, double z) {
 
 TEST(Object, FreshObjectIsGreyVisibleUnselectedAndUnbuilt) {
   ObjectProbe o;
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
   ExpectChannels(o.m_color, 0.5, 0.5, 0.5, 1.0);
   ExpectChannels(o.m_hlColor, 0.0, 1.0, 0.0, 1.0);
   EXPECT_TRUE(o.m_bVisible);
@@ -91,7 +91,7 @@ TEST(ObjectMove, MoveByZeroMarksModified) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Move(0.0), 1);
   EXPECT_TRUE(o.m_bModified);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
   ObjectProbe p = Clean();
   EXPECT_EQ(p.Move(0.0, 0.0, 0.0), 1);
   EXPECT_TRUE(p.m_bModified);
@@ -104,21 +104,21 @@ TEST(ObjectMove, MoveTranslatesThroughTheAccumulatingMatrixOperation) {
   mat4x4 expected = Identity();
   expected.scale(2.0, 2.0, 2.0);
   expected.translate(1.0, 2.0, 3.0);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
   EXPECT_EQ(o.m_matrix[3][0], 2.0);
 }
 
 TEST(ObjectMove, MoveOfOneValueTranslatesAllThreeAxes) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.Move(2.5), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Translation(2.5, 2.5, 2.5)));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Translation(2.5, 2.5, 2.5)));
   EXPECT_TRUE(o.m_bModified);
 }
 
 TEST(ObjectMove, PartlyOneOffsetIsApplied) {
   ObjectProbe o = Clean();
   o.Move(1.0, 1.0, 2.0);
-  EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 1.0, 2.0)));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Translation(1.0, 1.0, 2.0)));
   EXPECT_TRUE(o.m_bModified);
 }
 
@@ -126,18 +126,18 @@ TEST(ObjectMove, MoveToAfterScaleYieldsAPureTranslation) {
   ObjectProbe o;
   o.Scale(2.0);
   EXPECT_EQ(o.MoveTo(1.0, 2.0, 3.0), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 2.0, 3.0)));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Translation(1.0, 2.0, 3.0)));
 }
 
 TEST(ObjectMove, MoveToAlwaysMarksModifiedEvenForTheSameValue) {
   ObjectProbe o = Clean();
   EXPECT_EQ(o.MoveTo(0.0), 1);
   EXPECT_TRUE(o.m_bModified);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
   o.m_bModified = false;
   EXPECT_EQ(o.MoveTo(CGLPoint(1, 1, 1)), 1);
   EXPECT_TRUE(o.m_bModified);
-  EXPECT_TRUE(SameValues(o.m_matrix, Translation(1, 1, 1)));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Translation(1, 1, 1)));
 }
 
 // ---------------------------------------------------------------- scales
@@ -156,7 +156,7 @@ TEST(ObjectScale, ScaleMultipliesColumns) {
   EXPECT_EQ(o.Scale(2.0, 3.0, 4.0), 1);
   mat4x4 expected = Translation(1.0, 2.0, 3.0);
   expected.scale(2.0, 3.0, 4.0);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
   EXPECT_TRUE(o.m_bModified);
 }
 
@@ -175,11 +175,11 @@ TEST(ObjectScale, ScaleToReplacesTheMatrix) {
   EXPECT_EQ(o.ScaleTo(2.0, 3.0, 4.0), 1);
   mat4x4 expected;
   expected.loadScale(2.0, 3.0, 4.0);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
   EXPECT_TRUE(o.m_bModified);
   o.m_bModified = false;
   EXPECT_EQ(o.ScaleTo(1.0), 1);  // no identity test on To operations
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
   EXPECT_TRUE(o.m_bModified);
 }
 
@@ -201,7 +201,7 @@ TEST(ObjectRotate, RotateAppliesXThenYThenZ) {
   expected.rotateX(0.2);
   expected.rotateY(0.5);
   expected.rotateZ(0.7);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
   EXPECT_TRUE(o.m_bModified);
 }
 
@@ -234,7 +234,7 @@ TEST(ObjectRotate, RotateAboutYAlsoAppliesTheZeroRotations) {
   expected.rotateX(0.0);
   expected.rotateY(0.5);
   expected.rotateZ(0.0);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
 }
 
 TEST(ObjectRotate, RotateToKeepsOnlyTheZRotation) {
@@ -243,7 +243,7 @@ TEST(ObjectRotate, RotateToKeepsOnlyTheZRotation) {
   EXPECT_EQ(o.RotateTo(0.3, 0.4, 0.5), 1);
   mat4x4 expected;
   expected.loadRotateZ(0.5);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
 }
 
 TEST(ObjectRotate, RotateXToAndRotateYToYieldTheIdentity) {
@@ -251,11 +251,11 @@ TEST(ObjectRotate, RotateXToAndRotateYToYieldTheIdentity) {
   o.Move(4.0, 5.0, 6.0);
   o.m_bModified = false;
   EXPECT_EQ(o.RotateXTo(1.0), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
   EXPECT_TRUE(o.m_bModified);
   o.Move(4.0, 5.0, 6.0);
   EXPECT_EQ(o.RotateYTo(1.0), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Identity()));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Identity()));
 }
 
 TEST(ObjectRotate, RotateZToIsThePureZRotation) {
@@ -264,7 +264,7 @@ TEST(ObjectRotate, RotateZToIsThePureZRotation) {
   EXPECT_EQ(o.RotateZTo(0.8), 1);
   mat4x4 expected;
   expected.loadRotateZ(0.8);
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
 }
 
 TEST(ObjectRotate, SingleAxisRotationsAccumulate) {
@@ -279,7 +279,7 @@ TEST(ObjectRotate, SingleAxisRotationsAccumulate) {
     expected.rotateY(a[1]);
     expected.rotateZ(a[2]);
   }
-  EXPECT_TRUE(SameValues(o.m_matrix, expected));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, expected));
 }
 
 // ---------------------------------------------------------------- routing
@@ -404,7 +404,7 @@ TEST(ObjectSetMatrix, OwnArrayIsAcceptedAndKeepsTheMatrix) {
   ObjectProbe o = Clean();
   o.m_matrix = Translation(1.0, 2.0, 3.0);
   EXPECT_EQ(o.SetMatrix(static_cast<double*>(o.m_matrix)), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, Translation(1.0, 2.0, 3.0)));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, Translation(1.0, 2.0, 3.0)));
   EXPECT_FALSE(o.m_bModified);
 }
 
@@ -412,7 +412,7 @@ TEST(ObjectSetMatrix, MatrixIsCopiedWithoutMarkingModified) {
   ObjectProbe o = Clean();
   const mat4x4 m = Translation(7.0, 8.0, 9.0);
   EXPECT_EQ(o.SetMatrix(m), 1);
-  EXPECT_TRUE(SameValues(o.m_matrix, m));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(o.m_matrix, m));
   EXPECT_FALSE(o.m_bModified);
 }
 
@@ -659,7 +659,7 @@ TEST(ObjectCopy, CopySharesListAndQuadricAndCopiesEveryMember) {
   o.m_pQuadric = reinterpret_cast<GLUquadric*>(&o);
 
   const auto check = [&o](const ObjectProbe& c) {
-    EXPECT_TRUE(SameValues(c.m_matrix, o.m_matrix));
+    EXPECT_TRUE(mathtest::equalOrBothNaN(c.m_matrix, o.m_matrix));
     EXPECT_TRUE(c.m_color == o.m_color);
     EXPECT_TRUE(c.m_hlColor == o.m_hlColor);
     EXPECT_EQ(c.m_nDisplayList, 42);

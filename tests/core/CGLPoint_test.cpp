@@ -277,9 +277,8 @@ TEST(PointAbi, VirtualTableOrderIsDestructorThenMovesThenTranslates) {
   EXPECT_EQ(VtableSlot(&P::X), -1);
 }
 
-TEST(PointLayout, VirtualTablePointerThenThreeDoubles) {
-  static_assert(sizeof(CGLPoint) == sizeof(void*) + 3 * sizeof(double), "vptr + x, y, z");
-}
+// The point's layout: a virtual-table pointer, then x, y and z.
+static_assert(sizeof(CGLPoint) == sizeof(void*) + 3 * sizeof(double), "vptr + x, y, z");
 
 // ---------------------------------------------------------------- GL calls
 
@@ -291,26 +290,26 @@ TEST_F(PointGL, GLTranslateAndGLScaleSendSinglePrecision) {
   EXPECT_EQ(p.GLScale(), 1);
   const float x = static_cast<float>(1.0 / 3.0);
   EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
-                                           line("glTranslatef", x, -2.5f, 1e-3f),
-                                           line("glScalef", x, -2.5f, 1e-3f),
-                                       }));
+                                                line("glTranslatef", x, -2.5f, 1e-3f),
+                                                line("glScalef", x, -2.5f, 1e-3f),
+                                            }));
 }
 
 TEST_F(PointGL, GLRotateTurnsAboutXThenYThenZInDegrees) {
   const CGLPoint p(90.0, 0.0, 0.0);
   EXPECT_EQ(p.GLRotate(), 1);
   EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
-                                           "glRotatef(90, 1, 0, 0)",
-                                           "glRotatef(0, 0, 1, 0)",
-                                           "glRotatef(0, 0, 0, 1)",
-                                       }));
+                                                "glRotatef(90, 1, 0, 0)",
+                                                "glRotatef(0, 0, 1, 0)",
+                                                "glRotatef(0, 0, 0, 1)",
+                                            }));
   glrecorder::recorder().clearCalls();
   CGLPoint(10.0, 20.0, 30.0).GLRotate();
   EXPECT_THAT(glrecorder::recorder().log(), LinesEq({
-                                           "glRotatef(10, 1, 0, 0)",
-                                           "glRotatef(20, 0, 1, 0)",
-                                           "glRotatef(30, 0, 0, 1)",
-                                       }));
+                                                "glRotatef(10, 1, 0, 0)",
+                                                "glRotatef(20, 0, 1, 0)",
+                                                "glRotatef(30, 0, 0, 1)",
+                                            }));
 }
 
 }  // namespace

@@ -326,8 +326,8 @@ TEST_F(Scene, SetMatrixReplacesEveryShapesMatrixWithoutMarkingModified) {
   mat4x4 m;
   m.loadScale(2.0, 3.0, 4.0);
   EXPECT_EQ(scene.SetMatrix(m), 1);
-  EXPECT_TRUE(SameValues(a->m_matrix, m));
-  EXPECT_TRUE(SameValues(b->m_matrix, m));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(a->m_matrix, m));
+  EXPECT_TRUE(mathtest::equalOrBothNaN(b->m_matrix, m));
   double raw[16];
   for (int i = 0; i < 16; ++i) {
     raw[i] = 100.0 + i;

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "math/matrix_equality.h"
 #include "probes/Probe.h"
 #include "probes/VirtualTable.h"
 #include "standin/QuadShape.h"
@@ -76,19 +77,6 @@ inline mat4x4 Identity() {
   mat4x4 m;
   m.identity();
   return m;
-}
-
-// Exact equality of all sixteen values; two NaNs count as equal, and -0.0
-// equals 0.0.
-inline bool SameValues(const mat4x4& a, const mat4x4& b) {
-  const double* pa = a;
-  const double* pb = b;
-  for (int i = 0; i < 16; ++i) {
-    if (!(pa[i] == pb[i] || (pa[i] != pa[i] && pb[i] != pb[i]))) {
-      return false;
-    }
-  }
-  return true;
 }
 
 #endif

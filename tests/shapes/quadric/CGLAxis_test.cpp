@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "quadric_probes.h"
+#include "math/matrix_equality.h"
 #include "recorded/Shorthands.h"
 #include "shapes/quadric/CGLBox.h"
 #include "shapes/quadric/CGLCube.h"
@@ -99,7 +100,7 @@ TEST_F(Axis, XArrowIsTurnedAboutYOntoPlusX) {
   expected.identity();
   expected.rotateY(kHalfPi);
   const mat4x4& m = axis.m_arrObjects[0]->*MemberPointers::kMatrix;
-  EXPECT_TRUE(SameValues(m, expected));
+  EXPECT_TRUE(mathtest::equalNoNaN(m, expected));
   EXPECT_TRUE(TipAt(m, 2.0, 0.0, 0.0));
 }
 
@@ -109,7 +110,7 @@ TEST_F(Axis, YArrowIsTurnedAboutXOntoPlusY) {
   expected.identity();
   expected.rotateX(-kHalfPi);
   const mat4x4& m = axis.m_arrObjects[1]->*MemberPointers::kMatrix;
-  EXPECT_TRUE(SameValues(m, expected));
+  EXPECT_TRUE(mathtest::equalNoNaN(m, expected));
   EXPECT_TRUE(TipAt(m, 0.0, 2.0, 0.0));
 }
 
@@ -117,9 +118,9 @@ TEST_F(Axis, ZArrowAndCubeAreNotTurned) {
   AxisProbe axis;
   mat4x4 identity;
   identity.identity();
-  EXPECT_TRUE(SameValues(axis.m_arrObjects[2]->*MemberPointers::kMatrix, identity));
-  EXPECT_TRUE(SameValues(axis.m_arrObjects[3]->*MemberPointers::kMatrix, identity));
-  EXPECT_TRUE(SameValues(axis.*MemberPointers::kMatrix, identity));
+  EXPECT_TRUE(mathtest::equalNoNaN(axis.m_arrObjects[2]->*MemberPointers::kMatrix, identity));
+  EXPECT_TRUE(mathtest::equalNoNaN(axis.m_arrObjects[3]->*MemberPointers::kMatrix, identity));
+  EXPECT_TRUE(mathtest::equalNoNaN(axis.*MemberPointers::kMatrix, identity));
 }
 
 TEST_F(Axis, ChildrenKeepTheDefaultColour) {

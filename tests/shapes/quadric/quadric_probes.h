@@ -60,16 +60,4 @@ inline std::array<double, 3> Transform(const mat4x4& m, const std::array<double,
   return out;
 }
 
-// Exact equality of all sixteen values.
-inline bool SameValues(const mat4x4& a, const mat4x4& b) {
-  const double* pa = a;
-  const double* pb = b;
-  for (int i = 0; i < 16; ++i) {
-    if (pa[i] != pb[i]) {
-      return false;
-    }
-  }
-  return true;
-}
-
 #endif
