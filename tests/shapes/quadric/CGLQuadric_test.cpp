@@ -180,7 +180,8 @@ TEST_F(QuadricList, SecondDrawReplaysTheListWithoutGlu) {
   cylinder.Draw();
   EXPECT_TRUE(GluLines(recorder().log()).empty());
   EXPECT_EQ(recorder().count("glNewList"), 0u);
-  EXPECT_LINES((Lines{line("glCallList", 1)}), glrecorder::lines(recorder().callsNamed("glCallList")));
+  EXPECT_LINES((Lines{line("glCallList", 1)}),
+               glrecorder::lines(recorder().callsNamed("glCallList")));
 }
 
 TEST_F(QuadricList, DrawCompilesInsideTheShapeTransformAndColour) {

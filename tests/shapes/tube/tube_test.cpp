@@ -109,9 +109,9 @@ INSTANTIATE_TEST_SUITE_P(
                                                       90.0, 180.0);
                    },
                    line("gleToroid", 0.2, 2.0, 0.0, 0.0, 0.0, nullptr, nullptr, 90.0, 180.0)},
-        FilledCase{"PolyCylinder",
-                   [] { lumagrid::detail::gl::TubePolyCylinder(4, g_path, nullptr, 0.3); },
-                   line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
+        FilledCase{
+            "PolyCylinder", [] { lumagrid::detail::gl::TubePolyCylinder(4, g_path, nullptr, 0.3); },
+            line("glePolyCylinder", 4, glrecorder::doubles(&g_path[0][0], 12, 3), nullptr, 0.3)}),
     ParamName());
 
 // ---------------------------------------------------------------- wireframe

@@ -19,7 +19,8 @@ inline std::string MultLine(const mat4x4& m) {
 
 inline std::string MaterialLine(float r, float g, float b, float a) {
   const std::array<float, 4> c = {r, g, b, a};
-  return glrecorder::line("glMaterialfv", glrecorder::en(GL_FRONT), glrecorder::en(GL_AMBIENT_AND_DIFFUSE), c);
+  return glrecorder::line("glMaterialfv", glrecorder::en(GL_FRONT),
+                          glrecorder::en(GL_AMBIENT_AND_DIFFUSE), c);
 }
 
 // The geometry QuadShape(s) emits.
