@@ -1,7 +1,12 @@
 #ifndef LUMAGRID_LUMAGRID_H
 #define LUMAGRID_LUMAGRID_H
 
-// Everything Lumagrid exports.
+/// @file
+/// Everything Lumagrid exports: the math toolkit, the object model and rendering core, the
+/// quadric and path shapes, and the start-up functions.
+///
+/// All classes live in the global namespace. Include this, or `<lumagrid/ClassName.h>` for
+/// one class.
 
 // Math toolkit
 #include <lumagrid/vec3d.h>
