@@ -14,9 +14,9 @@
 /// the highlight colour, alpha, visibility and transforms are not. Members are visited in
 /// order of addition; a null member is stored and stepped over by every pass.
 ///
-/// Drawing a group pops the matrix stack once more than it pushes: keep a spare matrix on
-/// the stack (CGLMatrixGuard) around a draw that holds one. The group builds no display list
-/// of its own and stays modified for its whole life.
+/// Drawing a visible group pops the matrix stack once more than it pushes: keep a spare
+/// matrix on the stack (CGLMatrixGuard) around any draw that includes a group. The group
+/// builds no display list of its own and stays modified for its whole life.
 class LUMAGRID_API CGLGroup : public CGLObject {
  public:
   /// An empty group with CGLObject's defaults.
