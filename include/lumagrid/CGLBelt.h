@@ -20,8 +20,9 @@
 /// modified. The belt sets no colour of its own (the base's material applies) and has no
 /// normals. It owns its points, so it cannot be copied.
 ///
-/// Only SetEntraxe marks the belt modified; every other setter, AddVertex and InitVertex store
-/// only, and show after the next change that marks it (a transform, a colour, Select).
+/// Of the belt's own setters only SetEntraxe marks it modified; the others, AddVertex and
+/// InitVertex store only, and show after the next change that marks it (a transform, a colour,
+/// Select).
 class LUMAGRID_API CGLBelt : public CGLObject {
  public:
   /// Radii 1.0 and 1.0, entraxe 1.0, quality 20, shaded 1, section 0, full belt.

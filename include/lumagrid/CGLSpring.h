@@ -16,7 +16,8 @@
 ///
 /// GLE's settings are process-wide and drawing leaves them as the spring set them: the number
 /// of sides (the quality), the join style, and the tube fill, which every later GLE tube (a
-/// torus's too) inherits. Only SetLength and ScaleLength mark the spring modified.
+/// torus's too) inherits. Of the spring's own setters, only SetLength and ScaleLength mark it
+/// modified.
 class LUMAGRID_API CGLSpring : public CGLObject {
  public:
   /// Wire radius 0.1, coil radius 1.0, aux 1.0, length 5.0, 3 turns, start angle 0 degrees;
