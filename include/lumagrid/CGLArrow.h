@@ -7,16 +7,16 @@
 /// An arrow along the local +z axis from the origin: a cylindrical shaft, then one or more
 /// conical heads.
 ///
-/// With length L, head radius R, shaft fraction f and head count n, the shaft is L * f long and
-/// R * fracRadius wide, and a full head is H = (1 - f) * L long with base radius R. Every head
-/// but the last is a truncated cone H/2 long narrowing to R/2, so one head gives exactly L and
-/// each further head lengthens the arrow by H/2. Lite arrows draw the shaft as a line and the
-/// heads as filled four-sided pyramids. Tessellation is `m_nSlices` x `m_nStacks`, taken at
+/// With length L, head radius R and shaft fraction f, the shaft is L * f long with radius
+/// R * fracRadius, and a full head is H = (1 - f) * L long with base radius R. Every head but
+/// the last is a truncated cone H/2 long narrowing to R/2, so one head gives exactly L and each
+/// further head lengthens the arrow by H/2. Lite arrows draw the shaft as a line and the heads
+/// as filled four-sided pyramids. Tessellation is `m_nSlices` x `m_nStacks`, taken at
 /// construction from CGLObject::s_nSlices4New and CGLObject::s_nStacks4New.
 ///
 /// The arrow sets the plain current colour (`glColor3d`) to its normal colour as well as the
-/// material, so it shows its colour unlit too. It draws through its display list (Draw) or at
-/// once (DrawDirect). CGLAxis is built from three arrows.
+/// material, so it shows its colour unlit too (the normal one, even when selected). It draws
+/// through its display list (Draw) or at once (DrawDirect). CGLAxis is built from three arrows.
 class LUMAGRID_API CGLArrow : public CGLQuadric {
  public:
   /// Length 1.0, head radius 0.2, not lite, one head, shaft fractions 0.8 (length) and 0.4
