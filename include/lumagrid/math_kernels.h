@@ -1,15 +1,24 @@
+/// @file
+/// The inline kernels behind mat4x4's point transform and MQuat's product.
+///
+/// Not part of the API: mat4x4.h and MQuat.h include it, and everything in
+/// it but LUMAGRID_INLINE_KERNELS lives in lumagrid::detail. The smallest
+/// kernels (point transform, quaternion product) are inline for speed, yet
+/// must give the library's bits in a host built with FMA contraction. Where the
+/// compiler takes GNU asm and targets SSE2 they are written here on
+/// mulRounded(); elsewhere the headers call the library's out-of-line copies.
+/// Defining LUMAGRID_PORTABLE_MATH before the first include turns every SSE2
+/// kernel off, so that CI builds and tests the plain ones as the library
+/// itself would use them.
 #ifndef LUMAGRID_MATH_KERNELS_H
 #define LUMAGRID_MATH_KERNELS_H
 
-// The smallest kernels (point transform, quaternion product) are inline for
-// speed, yet must give the library's bits in a host built with FMA
-// contraction. Where the compiler takes GNU asm and targets SSE2 they are
-// written here on mulRounded(); elsewhere the headers call the library's
-// out-of-line copies. Not part of the API: mat4x4.h and MQuat.h include it.
-// LUMAGRID_PORTABLE_MATH turns every SSE2 kernel off, so that CI builds and
-// tests the plain ones as the library itself would use them.
 #if defined(__SSE2__) && defined(__GNUC__) && !defined(LUMAGRID_PORTABLE_MATH)
 #include <emmintrin.h>
+/// Defined (to 1) where the inline SSE2 kernels are in use: the compiler
+/// takes GNU asm, targets SSE2, and LUMAGRID_PORTABLE_MATH is not defined.
+/// Where it is not defined, the inline members call the library's
+/// out-of-line kernels. Either way the results are the same bits.
 #define LUMAGRID_INLINE_KERNELS 1
 
 namespace lumagrid::detail {

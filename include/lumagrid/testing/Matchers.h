@@ -1,4 +1,7 @@
-// gmock matchers for the recorder's logs (GLRecorder.h). Header-only; the test links gmock.
+/// @file
+/// gmock matchers for the recorder's logs (GLRecorder.h). Header-only; the test links gmock.
+///
+/// See docs/testing-kit.md, "Expected lines".
 #pragma once
 
 #include <gmock/gmock.h>
@@ -46,13 +49,17 @@ class LinesEqMatcher {
 
 }  // namespace detail
 
-// EXPECT_THAT(glrecorder::recorder().log(), glrecorder::LinesEq({...})): on failure prints a line
-// diff of expected against actual.
+/// Matches a list of log lines equal to `expected`, line for line; on failure it prints a line
+/// diff of expected against actual (see diff()).
+/// @code
+///   EXPECT_THAT(glrecorder::recorder().log(), glrecorder::LinesEq({...}));
+/// @endcode
 inline auto LinesEq(std::vector<std::string> expected) {
   return detail::LinesEqMatcher(std::move(expected));
 }
 
 }  // namespace glrecorder
 
-// EXPECT_LINES(expected, actual): the same comparison, expected first as in the other EXPECT_*s.
+/// EXPECT_LINES(expected, actual): the LinesEq comparison, expected first as in the other
+/// EXPECT_*s.
 #define EXPECT_LINES(expected, actual) EXPECT_THAT((actual), glrecorder::LinesEq(expected))
