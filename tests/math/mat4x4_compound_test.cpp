@@ -82,7 +82,7 @@ Eigen::Vector3d toEigen(const vec3d& v) {
 
 // ---------------------------------------------------------------- quaternion rotations
 
-TEST(Mat4x4CompoundTest, LoadRotateGivesTheRotationOfTheNormalisedQuaternion) {
+TEST(Mat4x4Compound, LoadRotateGivesTheRotationOfTheNormalisedQuaternion) {
   // q / |q| turns by the matrix 1 - 2(yy + zz), 2(xy + wz), ... over n = 2.35:
   // 0.446808..., 0.382978..., 0.808510..., each within 1.5 ulps of the exact
   // value. The literals are the bits of the library's order of operations.
@@ -95,7 +95,7 @@ TEST(Mat4x4CompoundTest, LoadRotateGivesTheRotationOfTheNormalisedQuaternion) {
                               0, 0, 0, 1}));
 }
 
-TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
+TEST(Mat4x4Compound, LoadRotateMatchesEigenRotationMatrix) {
   mathtest::RandomValues rnd(41);
   for (int n = 0; n < 200; ++n) {
     const MQuat q = rnd.unitQuat();
@@ -105,7 +105,7 @@ TEST(Mat4x4CompoundTest, LoadRotateMatchesEigenRotationMatrix) {
   }
 }
 
-TEST(Mat4x4CompoundTest, LoadRotateNormalisesImplicitly) {
+TEST(Mat4x4Compound, LoadRotateNormalisesImplicitly) {
   const MQuat q(0.1, -0.7, 0.4, 0.5);
   mat4x4 a;
   a.loadRotate(q);
@@ -117,19 +117,19 @@ TEST(Mat4x4CompoundTest, LoadRotateNormalisesImplicitly) {
   expectRotationNear(b, e.toRotationMatrix(), 1e-14);
 }
 
-TEST(Mat4x4CompoundTest, LoadRotateOfZeroQuaternionIsTheIdentity) {
+TEST(Mat4x4Compound, LoadRotateOfZeroQuaternionIsTheIdentity) {
   mat4x4 m = filledWith(7.0);
   m.loadRotate(MQuat(0, 0, 0, 0));
   expectMatrix(m, identityMatrix());
 }
 
-TEST(Mat4x4CompoundTest, LoadRotateOfScaledIdentityIsTheIdentity) {
+TEST(Mat4x4Compound, LoadRotateOfScaledIdentityIsTheIdentity) {
   mat4x4 m = filledWith(7.0);
   m.loadRotate(MQuat(0, 0, 0, 2));
   expectMatrix(m, identityMatrix());
 }
 
-TEST(Mat4x4CompoundTest, LoadRotateOfATinyQuaternionUsesAUnitScale) {
+TEST(Mat4x4Compound, LoadRotateOfATinyQuaternionUsesAUnitScale) {
   // n = 2.5e-11 is below 1e-10, so s = 1.0 rather than 2 / n.
   mat4x4 m = filledWith(7.0);
   m.loadRotate(MQuat(5e-6, 0, 0, 0));
@@ -138,7 +138,7 @@ TEST(Mat4x4CompoundTest, LoadRotateOfATinyQuaternionUsesAUnitScale) {
                               0, 0, 0, 1}));
 }
 
-TEST(Mat4x4CompoundTest, AxisAngleTurnsOppositeToLoadRotateZ) {
+TEST(Mat4x4Compound, AxisAngleTurnsOppositeToLoadRotateZ) {
   mat4x4 m;
   m.loadRotate(vec3d(0, 0, 1), kPi / 2);
   vec3d v(1, 0, 0);
@@ -152,7 +152,7 @@ TEST(Mat4x4CompoundTest, AxisAngleTurnsOppositeToLoadRotateZ) {
   expectVecNear(w, 0, 1, 0, 1e-15);
 }
 
-TEST(Mat4x4CompoundTest, ZeroAxisGivesTheIdentity) {
+TEST(Mat4x4Compound, ZeroAxisGivesTheIdentity) {
   mat4x4 m = filledWith(7.0);
   m.loadRotate(vec3d(0, 0, 0), 1.2);
   expectMatrix(m, identityMatrix());
@@ -161,7 +161,7 @@ TEST(Mat4x4CompoundTest, ZeroAxisGivesTheIdentity) {
   expectMatrix(m, identityMatrix());
 }
 
-TEST(Mat4x4CompoundTest, AxisAngleOverloadsGoThroughTheQuaternion) {
+TEST(Mat4x4Compound, AxisAngleOverloadsGoThroughTheQuaternion) {
   const vec3d axis(0.3, -1.2, 2.0);
   const double a = 0.83;
   mat4x4 viaQuat;
@@ -174,7 +174,7 @@ TEST(Mat4x4CompoundTest, AxisAngleOverloadsGoThroughTheQuaternion) {
   expectMatrix(viaRot, viaQuat);
 }
 
-TEST(Mat4x4CompoundTest, AxisAngleMatchesEigenWithTheAngleNegated) {
+TEST(Mat4x4Compound, AxisAngleMatchesEigenWithTheAngleNegated) {
   mathtest::RandomValues rnd(42);
   for (int n = 0; n < 200; ++n) {
     const vec3d axis = rnd.vector(-2, 2);
@@ -193,7 +193,7 @@ mat4x4 someAffineMatrix() {
                      1.0, 2.0, 3.0, 1.0});
 }
 
-TEST(Mat4x4CompoundTest, RotateMultipliesOnTheRight) {
+TEST(Mat4x4Compound, RotateMultipliesOnTheRight) {
   const MQuat q(0.2, -0.4, 0.1, 0.9);
   mat4x4 r;
   r.loadRotate(q);
@@ -206,7 +206,7 @@ TEST(Mat4x4CompoundTest, RotateMultipliesOnTheRight) {
   expectMatrix(a, expected);
 }
 
-TEST(Mat4x4CompoundTest, RotateByAxisAngleMultipliesOnTheRight) {
+TEST(Mat4x4Compound, RotateByAxisAngleMultipliesOnTheRight) {
   const vec3d axis(1, 2, -0.5);
   const double angle = -0.7;
   mat4x4 r;
@@ -225,7 +225,7 @@ TEST(Mat4x4CompoundTest, RotateByAxisAngleMultipliesOnTheRight) {
 
 // ---------------------------------------------------------------- projection
 
-TEST(Mat4x4CompoundTest, LoadProjGivesTheScalesAndDepthTerms) {
+TEST(Mat4x4Compound, LoadProjGivesTheScalesAndDepthTerms) {
   // fovy 0.9, near 0.5, far 20, aspect 1.5: e0 = 2 / tan(0.45) = 4.140314...,
   // e5 = 1.5 e0 = 6.210472..., e10 = -20.5 / 19.5 and e11 = -20 / 19.5, to the
   // bit the library's order of operations gives.
@@ -237,7 +237,7 @@ TEST(Mat4x4CompoundTest, LoadProjGivesTheScalesAndDepthTerms) {
                               0, 0, -1, 0}));
 }
 
-TEST(Mat4x4CompoundTest, LoadProjHasFactorTwoAndTransposedPlacement) {
+TEST(Mat4x4Compound, LoadProjHasFactorTwoAndTransposedPlacement) {
   mat4x4 m;
   m.loadProj(kPi / 2, 1.0, 3.0, 2.0);
   const double* e = m;
@@ -250,7 +250,7 @@ TEST(Mat4x4CompoundTest, LoadProjHasFactorTwoAndTransposedPlacement) {
   EXPECT_EQ(e[15], 0.0);
 }
 
-TEST(Mat4x4CompoundTest, ProjMultipliesOnTheRight) {
+TEST(Mat4x4Compound, ProjMultipliesOnTheRight) {
   mat4x4 p;
   p.loadProj(1.1, 0.1, 100.0, 4.0 / 3.0);
   const mat4x4 m = someAffineMatrix();
@@ -274,16 +274,16 @@ void PrintTo(const MirrorCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class Mat4x4MirrorTest : public testing::TestWithParam<MirrorCase> {};
+class Mat4x4Mirror : public testing::TestWithParam<MirrorCase> {};
 
-TEST_P(Mat4x4MirrorTest, GivesTheSignedGramDiagonal) {
+TEST_P(Mat4x4Mirror, GivesTheSignedGramDiagonal) {
   const MirrorCase& c = GetParam();
   mat4x4 m = filledWith(7.0);
   m.loadMirror(vec3d(c.nx, c.ny, c.nz));
   expectMatrixNear(m, diagonal(c.d0, c.d1, c.d2, 1.0), 1e-14);
 }
 
-INSTANTIATE_TEST_SUITE_P(Normals, Mat4x4MirrorTest,
+INSTANTIATE_TEST_SUITE_P(Normals, Mat4x4Mirror,
                          testing::Values(MirrorCase{"UnitY", 0, 1, 0, -1, 1, 1},
                                          MirrorCase{"UnitX", 1, 0, 0, -1, 1, 1},
                                          MirrorCase{"LongZ", 0, 0, 2, -4, 1, 4},
@@ -294,7 +294,7 @@ INSTANTIATE_TEST_SUITE_P(Normals, Mat4x4MirrorTest,
                            return info.param.name;
                          });
 
-TEST(Mat4x4CompoundTest, MirrorIgnoresTheDirectionOfTheNormal) {
+TEST(Mat4x4Compound, MirrorIgnoresTheDirectionOfTheNormal) {
   mathtest::RandomValues rnd(43);
   for (int n = 0; n < 100; ++n) {
     const vec3d v = rnd.vector(-3, 3);
@@ -307,13 +307,13 @@ TEST(Mat4x4CompoundTest, MirrorIgnoresTheDirectionOfTheNormal) {
 
 // ---------------------------------------------------------------- align
 
-TEST(Mat4x4CompoundTest, AlignXOntoY) {
+TEST(Mat4x4Compound, AlignXOntoY) {
   mat4x4 m = filledWith(7.0);
   EXPECT_EQ(m.loadAlign(vec3d(1, 0, 0), vec3d(0, 1, 0)), 1);
   expectMatrixNear(m, fromValues({0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}), 1e-15);
 }
 
-TEST(Mat4x4CompoundTest, AlignTakesTheFirstDirectionOntoTheSecond) {
+TEST(Mat4x4Compound, AlignTakesTheFirstDirectionOntoTheSecond) {
   mathtest::RandomValues rnd(44);
   for (int n = 0; n < 200; ++n) {
     vec3d a = rnd.vector(-5, 5);
@@ -338,7 +338,7 @@ TEST(Mat4x4CompoundTest, AlignTakesTheFirstDirectionOntoTheSecond) {
   }
 }
 
-TEST(Mat4x4CompoundTest, AlignOfParallelDirectionsUsesTheFailedInverse) {
+TEST(Mat4x4Compound, AlignOfParallelDirectionsUsesTheFailedInverse) {
   // The frame is singular; inv() stops after two pivots and its partial
   // result goes into the product: no identity, and still 1.
   mat4x4 m = filledWith(7.0);
@@ -351,13 +351,13 @@ TEST(Mat4x4CompoundTest, AlignOfParallelDirectionsUsesTheFailedInverse) {
 
 // ---------------------------------------------------------------- orient
 
-TEST(Mat4x4CompoundTest, OrientAlongZIsTheIdentityWithAnOffset) {
+TEST(Mat4x4Compound, OrientAlongZIsTheIdentityWithAnOffset) {
   mat4x4 m = filledWith(7.0);
   EXPECT_EQ(m.loadOrient(vec3d(0, 0, 5), vec3d(0, 0, 0), vec3d(0, 1, 0)), 1);
   expectMatrix(m, fromValues({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, -5, 0, 0, 0, 1}));
 }
 
-TEST(Mat4x4CompoundTest, OrientPutsTheFrameInColumnsAndOffsetsInTheBottomRow) {
+TEST(Mat4x4Compound, OrientPutsTheFrameInColumnsAndOffsetsInTheBottomRow) {
   const vec3d e(1, 2, 3), c(0.5, -1, 2), up(0, 0, 1);
   vec3d f = e - c;
   f.normalize();
@@ -381,7 +381,7 @@ TEST(Mat4x4CompoundTest, OrientPutsTheFrameInColumnsAndOffsetsInTheBottomRow) {
   EXPECT_NE(v[11], 0.0);
 }
 
-TEST(Mat4x4CompoundTest, OrientOfCoincidentPointsStillReturnsOne) {
+TEST(Mat4x4Compound, OrientOfCoincidentPointsStillReturnsOne) {
   mat4x4 m;
   EXPECT_EQ(m.loadOrient(vec3d(1, 1, 1), vec3d(1, 1, 1), vec3d(0, 1, 0)), 1);
   expectMatrix(m, fromValues({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}));
@@ -401,7 +401,7 @@ mat4x4 tripleAlignment(const vec3d& p0, const vec3d& p1, const vec3d& p2, const 
   return r;
 }
 
-TEST(Mat4x4CompoundTest, TripleAlignPassesDifferencesToOrient) {
+TEST(Mat4x4Compound, TripleAlignPassesDifferencesToOrient) {
   const vec3d p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
   const vec3d q0(-1, 0, 2), q1(0, 0.5, 2), q2(-2, 1, 3);
   mat4x4 m = filledWith(7.0);
@@ -411,14 +411,14 @@ TEST(Mat4x4CompoundTest, TripleAlignPassesDifferencesToOrient) {
   EXPECT_FALSE(m.cmp(tripleAlignment(p0, p1, p2, q0, q1, q2), 1e-6));
 }
 
-TEST(Mat4x4CompoundTest, TripleAlignOfEqualTriplesIsTheIdentity) {
+TEST(Mat4x4Compound, TripleAlignOfEqualTriplesIsTheIdentity) {
   const vec3d p0(1, 1, 0), p1(2, 1, 0.5), p2(1, 3, -1);
   mat4x4 m;
   EXPECT_EQ(m.loadAlign(p0, p1, p2, p0, p1, p2), 1);
   expectMatrixNear(m, identityMatrix(), 1e-14);
 }
 
-TEST(Mat4x4CompoundTest, TripleAlignOfDegenerateTriplesStillReturnsOne) {
+TEST(Mat4x4Compound, TripleAlignOfDegenerateTriplesStillReturnsOne) {
   const vec3d z(0, 0, 0);
   mat4x4 m;
   EXPECT_EQ(m.loadAlign(z, z, z, z, z, z), 1);
@@ -426,7 +426,7 @@ TEST(Mat4x4CompoundTest, TripleAlignOfDegenerateTriplesStillReturnsOne) {
 
 // ---------------------------------------------------------------- exchange form
 
-TEST(Mat4x4CompoundTest, GetXformWritesThirteenValues) {
+TEST(Mat4x4Compound, GetXformWritesThirteenValues) {
   const mat4x4 m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
   double out[14];
   out[13] = -99.0;
@@ -438,7 +438,7 @@ TEST(Mat4x4CompoundTest, GetXformWritesThirteenValues) {
   EXPECT_EQ(out[13], -99.0);
 }
 
-TEST(Mat4x4CompoundTest, XformRoundTripResetsTheBottomRow) {
+TEST(Mat4x4Compound, XformRoundTripResetsTheBottomRow) {
   const mat4x4 m = fromValues({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
   double values[13];
   m.getXform(values);
@@ -447,7 +447,7 @@ TEST(Mat4x4CompoundTest, XformRoundTripResetsTheBottomRow) {
   expectMatrix(back, fromValues({1, 2, 3, 0, 5, 6, 7, 0, 9, 10, 11, 0, 13, 14, 15, 1}));
 }
 
-TEST(Mat4x4CompoundTest, LoadXformScalesOnlyTheThreeByThreePart) {
+TEST(Mat4x4Compound, LoadXformScalesOnlyTheThreeByThreePart) {
   double values[13] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0.5};
   mat4x4 m = filledWith(7.0);
   m.loadXform(values);

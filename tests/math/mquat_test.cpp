@@ -52,11 +52,11 @@ MQuat aboutZ(double angle) {
 
 // ---------------------------------------------------------------- construction
 
-TEST(MQuatTest, DefaultIsIdentity) {
+TEST(MQuat, DefaultIsIdentity) {
   expectQuat(MQuat(), 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, FourValuesAreStoredInOrder) {
+TEST(MQuat, FourValuesAreStoredInOrder) {
   expectQuat(MQuat(1, 2, 3, 4), 1, 2, 3, 4);
   MQuat q;
   q.set(5, 6, 7, 8);
@@ -65,7 +65,7 @@ TEST(MQuatTest, FourValuesAreStoredInOrder) {
   expectQuat(q, 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, CopyKeepsAllFourValues) {
+TEST(MQuat, CopyKeepsAllFourValues) {
   const MQuat a(1, 2, 3, 4);
   MQuat b = a;
   expectQuat(b, 1, 2, 3, 4);
@@ -74,34 +74,34 @@ TEST(MQuatTest, CopyKeepsAllFourValues) {
   expectQuat(c, 1, 2, 3, 4);
 }
 
-TEST(MQuatTest, AxisAngleNegatesTheHalfAngle) {
+TEST(MQuat, AxisAngleNegatesTheHalfAngle) {
   const MQuat q(vec3d(0, 0, 1), kPi / 2);
   // A conventional quaternion would have z = +sin(pi/4).
   expectQuat(q, 0, 0, std::sin(kPi / 2 * -0.5), std::cos(kPi / 2 * -0.5));
   EXPECT_LT(q.z, 0.0);
 }
 
-TEST(MQuatTest, AxisAngleDividesByTheAxisLength) {
+TEST(MQuat, AxisAngleDividesByTheAxisLength) {
   const MQuat q(vec3d(0, 3, 4), 1.0);
   const double k = std::sin(-0.5) / 5.0;
   expectQuat(q, 0, 3 * k, 4 * k, std::cos(-0.5));
 }
 
-TEST(MQuatTest, HalfTurnAboutZHasATinyScalarPart) {
+TEST(MQuat, HalfTurnAboutZHasATinyScalarPart) {
   const MQuat q(vec3d(0, 0, 1), kPi);
   expectQuat(q, 0, 0, -1, std::cos(-kPi / 2));
   EXPECT_GT(q.w, 0.0);
   EXPECT_LT(q.w, 1e-16);
 }
 
-TEST(MQuatTest, ShortAxisGivesTheIdentity) {
+TEST(MQuat, ShortAxisGivesTheIdentity) {
   expectQuat(MQuat(vec3d(0, 0, 0), 1.0), 0, 0, 0, 1);
   expectQuat(MQuat(vec3d(5e-11, 0, 0), 1.0), 0, 0, 0, 1);
   // Just at the threshold the axis counts.
   EXPECT_NE(MQuat(vec3d(1e-10, 0, 0), 1.0).x, 0.0);
 }
 
-TEST(MQuatTest, AxisAngleMatchesEigenWithTheAngleNegated) {
+TEST(MQuat, AxisAngleMatchesEigenWithTheAngleNegated) {
   mathtest::RandomValues rnd(11);
   for (int n = 0; n < 200; ++n) {
     const vec3d axis = rnd.direction() * rnd.uniform(0.5, 3.0);
@@ -115,7 +115,7 @@ TEST(MQuatTest, AxisAngleMatchesEigenWithTheAngleNegated) {
 
 // ---------------------------------------------------------------- products
 
-TEST(MQuatTest, HamiltonProductOfUnitVectors) {
+TEST(MQuat, HamiltonProductOfUnitVectors) {
   const MQuat i(1, 0, 0, 0), j(0, 1, 0, 0), k(0, 0, 1, 0);
   expectQuat(i * j, 0, 0, 1, 0);
   expectQuat(j * i, 0, 0, -1, 0);
@@ -124,7 +124,7 @@ TEST(MQuatTest, HamiltonProductOfUnitVectors) {
   expectQuat(i * i, 0, 0, 0, -1);
 }
 
-TEST(MQuatTest, HamiltonProductGivesKnownValues) {
+TEST(MQuat, HamiltonProductGivesKnownValues) {
   // (0.3, -1.7, 2.9, 0.11)(5.3, -0.7, -2.2, 0.01) is (6.356, 15.936, 8.587,
   // 3.6011) exactly; the literals are its nearest doubles, which the library's
   // sums reach here.
@@ -135,7 +135,7 @@ TEST(MQuatTest, HamiltonProductGivesKnownValues) {
   EXPECT_EQ(p.w, 0x1.ccf0d844d013bp+1);
 }
 
-TEST(MQuatTest, HamiltonProductSumsEachComponentInOrder) {
+TEST(MQuat, HamiltonProductSumsEachComponentInOrder) {
   mathtest::RandomValues rnd(12);
   for (int n = 0; n < 2000; ++n) {
     const MQuat a(rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3), rnd.uniform(-3, 3));
@@ -154,7 +154,7 @@ TEST(MQuatTest, HamiltonProductSumsEachComponentInOrder) {
   }
 }
 
-TEST(MQuatTest, ProductMatchesEigen) {
+TEST(MQuat, ProductMatchesEigen) {
   mathtest::RandomValues rnd(13);
   for (int n = 0; n < 200; ++n) {
     const MQuat a = rnd.unitQuat();
@@ -164,13 +164,13 @@ TEST(MQuatTest, ProductMatchesEigen) {
   }
 }
 
-TEST(MQuatTest, ProductOfAxisAnglesComposesTheTurns) {
+TEST(MQuat, ProductOfAxisAnglesComposesTheTurns) {
   const MQuat a(vec3d(0, 0, 1), 0.3);
   const MQuat b(vec3d(0, 0, 1), 0.4);
   EXPECT_TRUE((a * b).cmp(MQuat(vec3d(0, 0, 1), 0.7), 1e-15));
 }
 
-TEST(MQuatTest, MulAndTimesEqualsAllowAliasing) {
+TEST(MQuat, MulAndTimesEqualsAllowAliasing) {
   const MQuat a(1, 2, 3, 4);
   const MQuat b(-2, 0.5, 1, 3);
   const MQuat ab = a * b;
@@ -192,7 +192,7 @@ TEST(MQuatTest, MulAndTimesEqualsAllowAliasing) {
 
 // ---------------------------------------------------------------- scalar operations
 
-TEST(MQuatTest, ScalarOperationsActOnAllFour) {
+TEST(MQuat, ScalarOperationsActOnAllFour) {
   const MQuat q(1, -2, 3, -4);
   expectQuat(q * 2.0, 2, -4, 6, -8);
   MQuat a = q;
@@ -209,7 +209,7 @@ TEST(MQuatTest, ScalarOperationsActOnAllFour) {
   expectQuat(a, 1, 2, 3, 4);
 }
 
-TEST(MQuatTest, NegFlipsTheSignOfZero) {
+TEST(MQuat, NegFlipsTheSignOfZero) {
   MQuat q(0, 0, 0, 1);
   q.neg();
   EXPECT_TRUE(std::signbit(q.x));
@@ -218,20 +218,20 @@ TEST(MQuatTest, NegFlipsTheSignOfZero) {
   EXPECT_EQ(q.w, -1.0);
 }
 
-TEST(MQuatTest, DotAndSquaredUseAllFourTerms) {
+TEST(MQuat, DotAndSquaredUseAllFourTerms) {
   const MQuat a(1, 2, 3, 4);
   const MQuat b(5, -6, 7, 0.5);
   EXPECT_EQ(a.dot(b), 5.0 - 12.0 + 21.0 + 2.0);
   EXPECT_EQ(a.squared(), 30.0);
 }
 
-TEST(MQuatTest, NormalizeScalesToUnitLength) {
+TEST(MQuat, NormalizeScalesToUnitLength) {
   MQuat q(0, 0, 3, 4);
   q.normalize();
   expectQuat(q, 0, 0, 3 * (1.0 / 5.0), 4 * (1.0 / 5.0));
 }
 
-TEST(MQuatTest, NormalizeOfNearZeroGivesTheIdentity) {
+TEST(MQuat, NormalizeOfNearZeroGivesTheIdentity) {
   MQuat q(0, 0, 0, 0);
   q.normalize();
   expectQuat(q, 0, 0, 0, 1);
@@ -240,7 +240,7 @@ TEST(MQuatTest, NormalizeOfNearZeroGivesTheIdentity) {
   expectQuat(q, 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, InvertOfUnitQuaternionIsItsConjugate) {
+TEST(MQuat, InvertOfUnitQuaternionIsItsConjugate) {
   MQuat q(0, 0, 0.6, 0.8);
   q.invert();
   expectQuatNear(q, 0, 0, -0.6, 0.8, 1e-16);
@@ -253,7 +253,7 @@ TEST(MQuatTest, InvertOfUnitQuaternionIsItsConjugate) {
   }
 }
 
-TEST(MQuatTest, InvertDividesByTheNormNotItsSquare) {
+TEST(MQuat, InvertDividesByTheNormNotItsSquare) {
   MQuat q(0, 0, 0, 2);
   q.invert();
   // The true inverse would be (0, 0, 0, 0.5).
@@ -263,33 +263,33 @@ TEST(MQuatTest, InvertDividesByTheNormNotItsSquare) {
   expectQuat(q, 0, 0, -3 * (1.0 / 5.0), 4 * (1.0 / 5.0));
 }
 
-TEST(MQuatTest, InvertOfNearZeroGivesTheIdentity) {
+TEST(MQuat, InvertOfNearZeroGivesTheIdentity) {
   MQuat q(0, 0, 0, 0);
   q.invert();
   expectQuat(q, 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, InvertOfATinyQuaternionGivesTheIdentity) {
+TEST(MQuat, InvertOfATinyQuaternionGivesTheIdentity) {
   // A test for an exact zero would give (-1, 0, 0, 0) here.
   MQuat q(5e-11, 0, 0, 0);
   q.invert();
   expectQuat(q, 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, LogOfIdentityIsZero) {
+TEST(MQuat, LogOfIdentityIsZero) {
   MQuat q;
   q.log();
   expectQuat(q, 0, 0, 0, 0);
 }
 
-TEST(MQuatTest, LogClearsATinyVectorPart) {
+TEST(MQuat, LogClearsATinyVectorPart) {
   // atan2(v, w) / v would keep x at about 5e-11.
   MQuat q(5e-11, 0, 0, 1);
   q.log();
   expectQuat(q, 0, 0, 0, 0);
 }
 
-TEST(MQuatTest, LogGivesTheHalfAngleVector) {
+TEST(MQuat, LogGivesTheHalfAngleVector) {
   MQuat q = aboutZ(0.3);
   q.log();
   expectQuatNear(q, 0, 0, 0.3, 0, 1e-16);
@@ -300,7 +300,7 @@ TEST(MQuatTest, LogGivesTheHalfAngleVector) {
   expectQuatNear(q, 0, 0, kPi / 4, 0, 1e-16);
 }
 
-TEST(MQuatTest, ExpOfZeroIsTheIdentity) {
+TEST(MQuat, ExpOfZeroIsTheIdentity) {
   MQuat q(0, 0, 0, 0);
   q.exp();
   expectQuat(q, 0, 0, 0, 1);
@@ -310,7 +310,7 @@ TEST(MQuatTest, ExpOfZeroIsTheIdentity) {
   expectQuat(q, 0, 0, 0, 1);
 }
 
-TEST(MQuatTest, ExpUndoesLogForUnitQuaternions) {
+TEST(MQuat, ExpUndoesLogForUnitQuaternions) {
   MQuat q(0, 0, 0.3, 0);
   q.exp();
   expectQuatNear(q, 0, 0, std::sin(0.3), std::cos(0.3), 1e-16);
@@ -326,14 +326,14 @@ TEST(MQuatTest, ExpUndoesLogForUnitQuaternions) {
 
 // ---------------------------------------------------------------- comparison
 
-TEST(MQuatTest, EqualityIsAStrictToleranceTest) {
+TEST(MQuat, EqualityIsAStrictToleranceTest) {
   EXPECT_TRUE(MQuat(0, 0, 0, 0) == MQuat(5e-11, 0, 0, 0));
   EXPECT_FALSE(MQuat(0, 0, 0, 0) == MQuat(1e-10, 0, 0, 0));
   EXPECT_TRUE(MQuat(0, 0, 0, 0) != MQuat(0, 0, 0, 1e-10));
   EXPECT_FALSE(MQuat(0, 0, 0, 0) != MQuat(0, 0, -5e-11, 0));
 }
 
-TEST(MQuatTest, CmpTestsEveryComponent) {
+TEST(MQuat, CmpTestsEveryComponent) {
   const MQuat a(1, 2, 3, 4);
   EXPECT_TRUE(a.cmp(MQuat(1.05, 2.05, 2.95, 3.95), 0.1));
   EXPECT_FALSE(a.cmp(MQuat(1.2, 2, 3, 4), 0.1));
@@ -342,7 +342,7 @@ TEST(MQuatTest, CmpTestsEveryComponent) {
   EXPECT_FALSE(a.cmp(MQuat(1, 2, 3, 4.2), 0.1));
 }
 
-TEST(MQuatTest, NanNeverCompares) {
+TEST(MQuat, NanNeverCompares) {
   const MQuat a(0, 0, 0, std::nan(""));
   EXPECT_FALSE(a == a);
   EXPECT_TRUE(a != a);
@@ -359,7 +359,7 @@ mat4x4 diagonal(double a, double b, double c) {
   return m;
 }
 
-TEST(MQuatTest, FromIdentityMatrix) {
+TEST(MQuat, FromIdentityMatrix) {
   expectQuat(MQuat(diagonal(1, 1, 1)), 0, 0, 0, 1);
 }
 
@@ -373,9 +373,9 @@ void PrintTo(const HalfTurnCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class MQuatHalfTurnTest : public testing::TestWithParam<HalfTurnCase> {};
+class MQuatHalfTurn : public testing::TestWithParam<HalfTurnCase> {};
 
-TEST_P(MQuatHalfTurnTest, PicksTheLargestDiagonalValue) {
+TEST_P(MQuatHalfTurn, PicksTheLargestDiagonalValue) {
   const HalfTurnCase& c = GetParam();
   expectQuat(MQuat(diagonal(c.e0, c.e5, c.e10)), c.x, c.y, c.z, c.w);
 }
@@ -383,7 +383,7 @@ TEST_P(MQuatHalfTurnTest, PicksTheLargestDiagonalValue) {
 const double kHalfRoot2 = 0.5 * std::sqrt(2.0);
 
 INSTANTIATE_TEST_SUITE_P(
-    Branches, MQuatHalfTurnTest,
+    Branches, MQuatHalfTurn,
     testing::Values(HalfTurnCase{"AboutX", 1, -1, -1, 1, 0, 0, 0},
                     HalfTurnCase{"AboutY", -1, 1, -1, 0, 1, 0, 0},
                     HalfTurnCase{"AboutZ", -1, -1, 1, 0, 0, 1, 0},
@@ -393,7 +393,7 @@ INSTANTIATE_TEST_SUITE_P(
                     HalfTurnCase{"ZeroTraceTieGoesToY", -1, 0.5, 0.5, 0, kHalfRoot2, 0, 0}),
     [](const testing::TestParamInfo<HalfTurnCase>& info) { return info.param.name; });
 
-TEST(MQuatTest, FromMatrixPairsTheOffDiagonalValues) {
+TEST(MQuat, FromMatrixPairsTheOffDiagonalValues) {
   // Not a rotation: every off-diagonal value distinct, so each pairing shows.
   mat4x4 m;
   m.zero();
@@ -424,7 +424,7 @@ void PrintTo(const RoundTripCase& c, std::ostream* os) {
   *os << c.name;
 }
 
-class MQuatRoundTripTest : public testing::TestWithParam<RoundTripCase> {};
+class MQuatRoundTrip : public testing::TestWithParam<RoundTripCase> {};
 
 int branchOf(const mat4x4& m) {
   const double* e = m;
@@ -438,7 +438,7 @@ int branchOf(const mat4x4& m) {
   return i;
 }
 
-TEST_P(MQuatRoundTripTest, MatrixToQuaternionToMatrix) {
+TEST_P(MQuatRoundTrip, MatrixToQuaternionToMatrix) {
   const RoundTripCase& c = GetParam();
   mathtest::RandomValues rnd(100 + static_cast<unsigned>(c.branch + 1));
   int tested = 0;
@@ -465,7 +465,7 @@ TEST_P(MQuatRoundTripTest, MatrixToQuaternionToMatrix) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Branches, MQuatRoundTripTest,
+    Branches, MQuatRoundTrip,
     testing::Values(RoundTripCase{"PositiveTrace", -1, -2.0, 2.0, -1},
                     RoundTripCase{"NearHalfTurnAboutX", 0, kPi - 0.3, kPi + 0.3, 0},
                     RoundTripCase{"NearHalfTurnAboutY", 1, kPi - 0.3, kPi + 0.3, 1},
@@ -474,7 +474,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---------------------------------------------------------------- slerp
 
-TEST(MQuatSlerpTest, EndpointsAreTheOperands) {
+TEST(MQuatSlerp, EndpointsAreTheOperands) {
   mathtest::RandomValues rnd(21);
   for (int n = 0; n < 100; ++n) {
     const MQuat a = rnd.unitQuat();
@@ -487,7 +487,7 @@ TEST(MQuatSlerpTest, EndpointsAreTheOperands) {
   }
 }
 
-TEST(MQuatSlerpTest, MatchesEigenWhereTheArcsAgree) {
+TEST(MQuatSlerp, MatchesEigenWhereTheArcsAgree) {
   mathtest::RandomValues rnd(22);
   int compared = 0;
   for (int n = 0; n < 300; ++n) {
@@ -507,13 +507,13 @@ TEST(MQuatSlerpTest, MatchesEigenWhereTheArcsAgree) {
   EXPECT_GT(compared, 100);
 }
 
-TEST(MQuatSlerpTest, MidpointOfTwoTurnsAboutZ) {
+TEST(MQuatSlerp, MidpointOfTwoTurnsAboutZ) {
   MQuat r;
   r.slerp(aboutZ(0.2), aboutZ(0.8), 0.5);
   expectQuatNear(r, 0, 0, std::sin(0.5), std::cos(0.5), 1e-15);
 }
 
-TEST(MQuatSlerpTest, NegativeCosineTakesTheLongArc) {
+TEST(MQuatSlerp, NegativeCosineTakesTheLongArc) {
   const MQuat a;
   const MQuat b(0, 0, -std::sin(0.3), -std::cos(0.3));  // the same turn as aboutZ(0.3)
   const double theta = std::acos(a.dot(b));
@@ -529,7 +529,7 @@ TEST(MQuatSlerpTest, NegativeCosineTakesTheLongArc) {
   }
 }
 
-TEST(MQuatSlerpTest, EqualOperandsUseLinearWeights) {
+TEST(MQuatSlerp, EqualOperandsUseLinearWeights) {
   // cs is exactly 1, so the angle and its sine are 0.
   const MQuat a(0.5, -0.5, 0.5, 0.5);
   for (double t : {0.0, 0.3, 0.5, 1.0, 1.7}) {
@@ -539,7 +539,7 @@ TEST(MQuatSlerpTest, EqualOperandsUseLinearWeights) {
   }
 }
 
-TEST(MQuatSlerpTest, CosineBeyondOneIsClamped) {
+TEST(MQuatSlerp, CosineBeyondOneIsClamped) {
   // cs = 4 is clamped to 1: no angle, so linear weights and no normalisation.
   MQuat r;
   r.slerp(MQuat(0, 0, 0, 2), MQuat(0, 0, 0, 2), 0.5);
@@ -548,7 +548,7 @@ TEST(MQuatSlerpTest, CosineBeyondOneIsClamped) {
   expectQuat(r, 0, 0, 0.5 * 0.1, 0.5 * 2 + 0.5 * 2);
 }
 
-TEST(MQuatSlerpTest, OppositeQuaternionsTurnThroughAPerpendicular) {
+TEST(MQuatSlerp, OppositeQuaternionsTurnThroughAPerpendicular) {
   MQuat a(0.1, 0.2, 0.3, 0.4);
   a.normalize();
   MQuat minusA = a;
@@ -567,7 +567,7 @@ TEST(MQuatSlerpTest, OppositeQuaternionsTurnThroughAPerpendicular) {
   expectQuat(r, -a.y, a.x, -a.w, a.z);
 }
 
-TEST(MQuatSlerpTest, OppositeBranchIgnoresTheSecondOperand) {
+TEST(MQuatSlerp, OppositeBranchIgnoresTheSecondOperand) {
   const MQuat a(0, 0, 0, 1);
   MQuat r1;
   r1.slerp(a, MQuat(0, 0, 0, -1), 0.5);
@@ -577,7 +577,7 @@ TEST(MQuatSlerpTest, OppositeBranchIgnoresTheSecondOperand) {
   expectQuat(r1, 0, 0, -std::sin(0.5 * 1.5707963267948966), std::sin(0.5 * 1.5707963267948966));
 }
 
-TEST(MQuatSlerpTest, ResultMayAliasEitherOperand) {
+TEST(MQuatSlerp, ResultMayAliasEitherOperand) {
   const MQuat a = aboutZ(0.1);
   const MQuat b(0.3, 0.1, 0.2, 0.9);
   MQuat expected;
@@ -602,7 +602,7 @@ TEST(MQuatSlerpTest, ResultMayAliasEitherOperand) {
 
 // ---------------------------------------------------------------- squad and inner
 
-TEST(MQuatSquadTest, EndpointsAreTheOuterQuaternions) {
+TEST(MQuatSquad, EndpointsAreTheOuterQuaternions) {
   const MQuat p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
   MQuat r;
   r.squad(p, a, b, q, 0.0);
@@ -611,7 +611,7 @@ TEST(MQuatSquadTest, EndpointsAreTheOuterQuaternions) {
   EXPECT_TRUE(r == q);
 }
 
-TEST(MQuatSquadTest, BlendsOuterAndControlArcs) {
+TEST(MQuatSquad, BlendsOuterAndControlArcs) {
   // All on one circle: the angles interpolate linearly. Outer arc at t = 0.25
   // is 0.2, control arc 0.3, blended with weight 2t(1 - t) = 0.375.
   MQuat r;
@@ -619,7 +619,7 @@ TEST(MQuatSquadTest, BlendsOuterAndControlArcs) {
   expectQuatNear(r, 0, 0, std::sin(0.2375), std::cos(0.2375), 1e-15);
 }
 
-TEST(MQuatSquadTest, ResultMayAliasAnOperand) {
+TEST(MQuatSquad, ResultMayAliasAnOperand) {
   const MQuat p = aboutZ(0.0), a(0.1, 0.2, 0.1, 0.9), b(-0.2, 0.1, 0.3, 0.8), q(0.3, 0, 0, 0.95);
   MQuat expected;
   expected.squad(p, a, b, q, 0.4);
@@ -631,14 +631,14 @@ TEST(MQuatSquadTest, ResultMayAliasAnOperand) {
   }
 }
 
-TEST(MQuatInnerTest, EqualNeighboursGiveTheCurrentQuaternion) {
+TEST(MQuatInner, EqualNeighboursGiveTheCurrentQuaternion) {
   const MQuat q(0.1, 0.2, 0.3, 0.9);
   MQuat r;
   r.inner(q, q, q);
   EXPECT_TRUE(r.cmp(q, 1e-15));
 }
 
-TEST(MQuatInnerTest, ControlPointOnOneCircle) {
+TEST(MQuatInner, ControlPointOnOneCircle) {
   // -0.25 * ((0.9 - 0.5) + (0.2 - 0.5)) = -0.025
   MQuat r;
   r.inner(aboutZ(0.2), aboutZ(0.5), aboutZ(0.9));
@@ -657,7 +657,7 @@ Eigen::Quaterniond eigenExp(const Eigen::Vector3d& v) {
   return Eigen::Quaterniond(std::cos(n), v.x() * f, v.y() * f, v.z() * f);
 }
 
-TEST(MQuatInnerTest, MatchesAnIndependentControlPointRule) {
+TEST(MQuatInner, MatchesAnIndependentControlPointRule) {
   mathtest::RandomValues rnd(31);
   for (int n = 0; n < 100; ++n) {
     const MQuat prev = rnd.unitQuat(), cur = rnd.unitQuat(), next = rnd.unitQuat();
@@ -671,7 +671,7 @@ TEST(MQuatInnerTest, MatchesAnIndependentControlPointRule) {
   }
 }
 
-TEST(MQuatInnerTest, ResultMayAliasAnOperand) {
+TEST(MQuatInner, ResultMayAliasAnOperand) {
   const MQuat prev(0.1, 0.2, 0.3, 0.9), cur(-0.3, 0.1, 0.2, 0.9), next(0.2, -0.1, 0.4, 0.85);
   MQuat expected;
   expected.inner(prev, cur, next);

@@ -27,18 +27,18 @@ void expectRot(const MRot& r, double x, double y, double z, double angle) {
   EXPECT_EQ(r.angle, angle);
 }
 
-TEST(MRotTest, DefaultIsNoTurnAboutX) {
+TEST(MRot, DefaultIsNoTurnAboutX) {
   expectRot(MRot(), 1, 0, 0, 0);
 }
 
-TEST(MRotTest, AxisAndAngleAreStored) {
+TEST(MRot, AxisAndAngleAreStored) {
   expectRot(MRot(vec3d(1, 2, 3), 0.5), 1, 2, 3, 0.5);
   MRot r;
   r.set(vec3d(-1, 0, 2), -1.5);
   expectRot(r, -1, 0, 2, -1.5);
 }
 
-TEST(MRotTest, CopyKeepsAllFourValues) {
+TEST(MRot, CopyKeepsAllFourValues) {
   const MRot a(vec3d(1, 2, 3), 4);
   MRot b = a;
   expectRot(b, 1, 2, 3, 4);
@@ -47,7 +47,7 @@ TEST(MRotTest, CopyKeepsAllFourValues) {
   expectRot(c, 1, 2, 3, 4);
 }
 
-TEST(MRotTest, AxisAndAngleAreFourContiguousDoubles) {
+TEST(MRot, AxisAndAngleAreFourContiguousDoubles) {
   const MRot r(vec3d(1, 2, 3), 4);
   double d[4];
   std::memcpy(d, &r, sizeof d);
@@ -57,7 +57,7 @@ TEST(MRotTest, AxisAndAngleAreFourContiguousDoubles) {
   EXPECT_EQ(d[3], 4.0);
 }
 
-TEST(MRotTest, FromQuaternionDoublesTheNegatedHalfAngle) {
+TEST(MRot, FromQuaternionDoublesTheNegatedHalfAngle) {
   const MQuat q(0, 0, -std::sin(kPi / 6), std::cos(kPi / 6));
   const MRot r(q);
   const double t = std::acos(q.w);
@@ -67,7 +67,7 @@ TEST(MRotTest, FromQuaternionDoublesTheNegatedHalfAngle) {
   EXPECT_NEAR(r.axis.z(), -1.0, 1e-15);
 }
 
-TEST(MRotTest, HalfTurnAboutZComesBackNegated) {
+TEST(MRot, HalfTurnAboutZComesBackNegated) {
   const MRot r(MQuat(vec3d(0, 0, 1), kPi));
   EXPECT_EQ(r.axis.x(), 0.0);
   EXPECT_EQ(r.axis.y(), 0.0);
@@ -75,7 +75,7 @@ TEST(MRotTest, HalfTurnAboutZComesBackNegated) {
   EXPECT_NEAR(r.angle, -kPi, 1e-15);
 }
 
-TEST(MRotTest, RoundTripNegatesAxisAndAngle) {
+TEST(MRot, RoundTripNegatesAxisAndAngle) {
   const MRot r(vec3d(0.6, 0, 0.8), 0.5);
   const MRot back(static_cast<MQuat>(r));
   EXPECT_TRUE(back.cmp(MRot(vec3d(-0.6, 0, -0.8), -0.5), 1e-14));
@@ -89,20 +89,20 @@ TEST(MRotTest, RoundTripNegatesAxisAndAngle) {
   EXPECT_TRUE(a.cmp(b, 1e-14));
 }
 
-TEST(MRotTest, IdentityQuaternionLeavesTheAxisCleared) {
+TEST(MRot, IdentityQuaternionLeavesTheAxisCleared) {
   const MRot r{MQuat()};
   // The default axis (1, 0, 0) is not used here.
   expectRot(r, 0, 0, 0, 0);
   EXPECT_TRUE(std::signbit(r.angle));
 }
 
-TEST(MRotTest, TinySineLeavesTheAxisCleared) {
+TEST(MRot, TinySineLeavesTheAxisCleared) {
   // sin(acos(-1)) is about 1.2e-16, not zero, but below the 1e-10 threshold.
   const MRot r{MQuat(0.5, 0, 0, -1)};
   expectRot(r, 0, 0, 0, std::acos(-1.0) * (-2.0));
 }
 
-TEST(MRotTest, ScalarPartBeyondOneIsNotClamped) {
+TEST(MRot, ScalarPartBeyondOneIsNotClamped) {
   const MRot r{MQuat(0, 0, 0, 1.0000001)};
   EXPECT_TRUE(std::isnan(r.angle));
   // sin of a NaN fails the axis test, so the axis stays cleared.
@@ -111,7 +111,7 @@ TEST(MRotTest, ScalarPartBeyondOneIsNotClamped) {
   EXPECT_EQ(r.axis.z(), 0.0);
 }
 
-TEST(MRotTest, ConvertsToTheAxisAngleQuaternion) {
+TEST(MRot, ConvertsToTheAxisAngleQuaternion) {
   const MRot r(vec3d(0, 3, 4), 1.0);
   const MQuat q = r;
   const MQuat expected(vec3d(0, 3, 4), 1.0);
@@ -121,7 +121,7 @@ TEST(MRotTest, ConvertsToTheAxisAngleQuaternion) {
   EXPECT_EQ(q.w, expected.w);
 }
 
-TEST(MRotTest, EqualityIsAStrictToleranceTest) {
+TEST(MRot, EqualityIsAStrictToleranceTest) {
   const MRot a(vec3d(0, 0, 0), 0);
   EXPECT_TRUE(a == MRot(vec3d(5e-11, 0, 0), 0));
   EXPECT_FALSE(a == MRot(vec3d(0, 0, 0), 1e-10));
@@ -129,7 +129,7 @@ TEST(MRotTest, EqualityIsAStrictToleranceTest) {
   EXPECT_FALSE(a != MRot(vec3d(0, 0, -5e-11), 5e-11));
 }
 
-TEST(MRotTest, CmpTestsEveryComponent) {
+TEST(MRot, CmpTestsEveryComponent) {
   const MRot a(vec3d(1, 2, 3), 4);
   EXPECT_TRUE(a.cmp(MRot(vec3d(1.05, 1.95, 3.05), 3.95), 0.1));
   EXPECT_FALSE(a.cmp(MRot(vec3d(1.2, 2, 3), 4), 0.1));
@@ -138,7 +138,7 @@ TEST(MRotTest, CmpTestsEveryComponent) {
   EXPECT_FALSE(a.cmp(MRot(vec3d(1, 2, 3), 4.2), 0.1));
 }
 
-TEST(MRotTest, NanNeverCompares) {
+TEST(MRot, NanNeverCompares) {
   const MRot a(vec3d(0, 0, 1), std::nan(""));
   EXPECT_FALSE(a == a);
   EXPECT_TRUE(a != a);

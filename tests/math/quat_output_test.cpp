@@ -17,20 +17,20 @@ std::string text(const T& value) {
   return os.str();
 }
 
-TEST(QuatOutputTest, IdentityHasNoSpaceBeforeTheScalarPart) {
+TEST(QuatOutput, IdentityHasNoSpaceBeforeTheScalarPart) {
   EXPECT_EQ(text(MQuat()), "(0, 0, 0,1)");
 }
 
-TEST(QuatOutputTest, QuaternionPrintsXYZThenW) {
+TEST(QuatOutput, QuaternionPrintsXYZThenW) {
   EXPECT_EQ(text(MQuat(1, 2.5, -3, 0.25)), "(1, 2.5, -3,0.25)");
 }
 
-TEST(QuatOutputTest, RotationPrintsAxisThenAngle) {
+TEST(QuatOutput, RotationPrintsAxisThenAngle) {
   EXPECT_EQ(text(MRot(vec3d(0, -1, 2), 1.5)), "(0, -1, 2,1.5)");
   EXPECT_EQ(text(MRot()), "(1, 0, 0,0)");
 }
 
-TEST(QuatOutputTest, NumbersFollowTheStreamSettings) {
+TEST(QuatOutput, NumbersFollowTheStreamSettings) {
   std::ostringstream os;
   os << std::setprecision(3) << MQuat(3.14159265, 0, 0, 1e-20);
   EXPECT_EQ(os.str(), "(3.14, 0, 0,1e-20)");
@@ -43,13 +43,13 @@ TEST(QuatOutputTest, NumbersFollowTheStreamSettings) {
   EXPECT_EQ(fixed.str(), "(1.0, 0.0, 0.0,0.3)");
 }
 
-TEST(QuatOutputTest, WidthAppliesToTheOpeningBracketOnly) {
+TEST(QuatOutput, WidthAppliesToTheOpeningBracketOnly) {
   std::ostringstream os;
   os << std::setw(4) << MQuat(1, 2, 3, 4);
   EXPECT_EQ(os.str(), "   (1, 2, 3,4)");
 }
 
-TEST(QuatOutputTest, ReturnsTheStreamForChaining) {
+TEST(QuatOutput, ReturnsTheStreamForChaining) {
   std::ostringstream os;
   std::ostream& back = os << MQuat();
   EXPECT_EQ(&back, &os);
@@ -57,7 +57,7 @@ TEST(QuatOutputTest, ReturnsTheStreamForChaining) {
   EXPECT_EQ(os.str(), "(0, 0, 0,1)(1, 0, 0,0)!");
 }
 
-TEST(QuatOutputTest, WritesNoLineEnd) {
+TEST(QuatOutput, WritesNoLineEnd) {
   EXPECT_EQ(text(MQuat(0, 0, 0, 1)).find('\n'), std::string::npos);
   EXPECT_EQ(text(MRot()).find('\n'), std::string::npos);
 }
