@@ -1,8 +1,10 @@
 # Installs the freshly built tree into a scratch prefix, then builds and runs
 # the consumer example against it twice: through find_package(Lumagrid) and
 # through pkg-config. Any packaging mistake fails here.
-#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] -P consumer_check.cmake
-# LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given.
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] [-DPREFIX=...]
+#         -P consumer_check.cmake
+# LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given. PREFIX names a
+# tree installed already (then BUILD_DIR is not needed and nothing is installed).
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 install_tree()

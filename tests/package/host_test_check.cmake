@@ -2,7 +2,9 @@
 # (examples/host-test) against it and runs its tests: a host's call-sequence test through
 # Lumagrid::glrecorder and a headless render through Lumagrid::headless. Then the same test
 # through pkg-config. A plain find_package(Lumagrid) must not need the components' dependencies.
-#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] -P host_test_check.cmake
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] [-DPREFIX=...]
+#         -P host_test_check.cmake
+# PREFIX names a tree installed already (then BUILD_DIR is not needed and nothing is installed).
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 install_tree()

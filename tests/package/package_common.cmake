@@ -11,7 +11,9 @@ function(run)
 endfunction()
 
 # Installs BUILD_DIR into a fresh ${WORK_DIR}/prefix, sets prefix, and LIBDIR when not given
-# (the build's CMAKE_INSTALL_LIBDIR, read from its cache).
+# (the build's CMAKE_INSTALL_LIBDIR, read from its cache). Given PREFIX, a tree installed
+# already (the Debian packages' scratch root: deb_check.cmake), it installs nothing and checks
+# that tree instead.
 macro(install_tree)
   if(NOT DEFINED LIBDIR)
     file(STRINGS "${BUILD_DIR}/CMakeCache.txt" libdir_entry REGEX "^CMAKE_INSTALL_LIBDIR:")
@@ -20,9 +22,13 @@ macro(install_tree)
   if(LIBDIR STREQUAL "")
     message(FATAL_ERROR "no install library folder: pass -DLIBDIR=...")
   endif()
-  set(prefix "${WORK_DIR}/prefix")
   file(REMOVE_RECURSE "${WORK_DIR}")
-  run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+  if(DEFINED PREFIX)
+    set(prefix "${PREFIX}")
+  else()
+    set(prefix "${WORK_DIR}/prefix")
+    run(${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+  endif()
 endmacro()
 
 # Fails the check unless every file named (relative to the install prefix) was installed.
