@@ -5,13 +5,13 @@
 #include <array>
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <ostream>
 #include <vector>
 
 #include "shapes/path/bezier.h"
-#include "shapes/tube/helix_points.h"
+#include "oracle/SampledHelix.h"
 #include "shapes/geometry/path_point.h"
+#include "shapes/tube/helix_points.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/path/tension_path.h"
 #include "naming/ParamName.h"
@@ -36,25 +36,6 @@ void ExpectSame(const PathPoint& expected, const PathPoint& actual) {
   EXPECT_EQ(actual.z, expected.z);
 }
 
-// A helix sampled as the tubing library does: one step before the start,
-// stepping by accumulation.
-std::vector<PathPoint> OwnHelix(double r0, double dr, double z0, double dz, double start,
-                                double sweep, int sides) {
-  const int count = static_cast<int>(std::fabs(sweep) * sides / 360.0) + 4;
-  const double step = sweep * kPi / 180.0 / (count - 3);
-  double angle = start * kPi / 180.0 - step;
-  double radius = r0 - dr * step / (2.0 * kPi);
-  double height = z0 - dz * step / (2.0 * kPi);
-  std::vector<PathPoint> points;
-  for (int i = 0; i < count; ++i) {
-    points.push_back({radius * std::cos(angle), radius * std::sin(angle), height});
-    angle += step;
-    radius += dr * step / (2.0 * kPi);
-    height += dz * step / (2.0 * kPi);
-  }
-  return points;
-}
-
 PathPoint OwnBezier(const PathPoint& a, const PathPoint& b, const PathPoint& c, const PathPoint& d,
                     double t) {
   const double u = 1.0 - t;
@@ -69,78 +50,6 @@ PathPoint OwnBezier(const PathPoint& a, const PathPoint& b, const PathPoint& c, 
 PathPoint TurnedAboutZ(const PathPoint& p, double radians) {
   return {p.x * std::cos(radians) - p.y * std::sin(radians),
           p.x * std::sin(radians) + p.y * std::cos(radians), p.z};
-}
-
-// ---------------------------------------------------------------- helix
-
-struct CountCase {
-  const char* name;
-  double sweep;
-  int sides;
-  std::size_t count;
-};
-
-void PrintTo(const CountCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class HelixCount : public ::testing::TestWithParam<CountCase> {};
-
-TEST_P(HelixCount, IsSweptSidesPlusFour) {
-  EXPECT_EQ(lumagrid::detail::HelixPointCount(GetParam().sweep, GetParam().sides),
-            GetParam().count);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Sweeps, HelixCount,
-    ::testing::Values(CountCase{"OneTurn", 360.0, 20, 24}, CountCase{"ThreeTurns", 1080.0, 20, 64},
-                      CountCase{"BackwardsCountsTheSame", -360.0, 20, 24},
-                      CountCase{"HookArcTruncates", 200.0, 20, 15},
-                      CountCase{"QuarterTurnOfTen", 90.0, 10, 6},
-                      CountCase{"NoSweepIsTheDirectionPointsAndTwo", 0.0, 20, 4},
-                      CountCase{"NoSidesIsTheBareFour", 360.0, 0, 4},
-                      CountCase{"MillionTurnsIsTooMany", 360.0e6, 20, 0},
-                      CountCase{"IntMaxTurnsIsTooMany", 360.0 * INT_MAX, 50, 0},
-                      CountCase{"HugeSidesIsTooMany", 360.0, INT_MAX, 0},
-                      CountCase{"InfiniteIsTooMany", std::numeric_limits<double>::infinity(), 20,
-                                0},
-                      CountCase{"NaNIsNothing", std::numeric_limits<double>::quiet_NaN(), 20, 0}),
-    ParamName());
-
-TEST(HelixPoints, MatchTheSampledHelix) {
-  const lumagrid::detail::Helix helix{1.5, 0.25, 0.3, 2.0, 30.0, 720.0};
-  const std::vector<PathPoint> expected = OwnHelix(1.5, 0.25, 0.3, 2.0, 30.0, 720.0, 20);
-  const std::vector<PathPoint> actual = lumagrid::detail::HelixPoints(helix, 20);
-  ASSERT_EQ(actual.size(), expected.size());
-  for (std::size_t i = 0; i < actual.size(); ++i) {
-    ExpectNear(expected[i], actual[i]);
-  }
-}
-
-TEST(HelixPoints, FirstAndLastAreDirectionPointsOneStepOutside) {
-  // One turn at 20 sides: 24 points, 21 steps of 360/21 degrees.
-  const std::vector<PathPoint> p =
-      lumagrid::detail::HelixPoints(lumagrid::detail::Helix{2.0, 0.0, 0.0, 3.0, 0.0, 360.0}, 20);
-  ASSERT_EQ(p.size(), 24u);
-  const double step = 2.0 * kPi / 21.0;
-  ExpectNear({2.0 * std::cos(-step), 2.0 * std::sin(-step), -3.0 / 21.0}, p.front());
-  ExpectNear({2.0, 0.0, 0.0}, p[1]);
-  ExpectNear({2.0, 0.0, 3.0}, p[22], 1e-12);
-  ExpectNear({2.0 * std::cos(step), 2.0 * std::sin(step), 3.0 + 3.0 / 21.0}, p.back());
-}
-
-TEST(HelixPoints, RadiusChangeIsPerFullTurn) {
-  const std::vector<PathPoint> p =
-      lumagrid::detail::HelixPoints(lumagrid::detail::Helix{1.0, 0.5, 0.0, 0.0, 90.0, 360.0}, 10);
-  ASSERT_EQ(p.size(), 14u);
-  ExpectNear({0.0, 1.0, 0.0}, p[1]);
-  ExpectNear({0.0, 1.5, 0.0}, p[12]);
-}
-
-TEST(HelixPoints, TooLongAHelixHasNone) {
-  EXPECT_TRUE(
-      lumagrid::detail::HelixPoints(lumagrid::detail::Helix{1.0, 0.0, 0.0, 1.0, 0.0, 3.6e8}, 20)
-          .empty());
 }
 
 // ---------------------------------------------------------------- Bezier
@@ -207,7 +116,8 @@ std::vector<PathPoint> OwnTensionPath(const BodyCase& c) {
   const double N = c.n + f;
   const double B = c.L - d;
   const double p = B / N;
-  const std::vector<PathPoint> helix = OwnHelix(c.R, 0.0, c.R - c.r, p, 0.0, N * 360.0, c.sides);
+  const std::vector<PathPoint> helix =
+      SampledHelix(c.R, 0.0, c.R - c.r, p, 0.0, N * 360.0, c.sides);
   const std::size_t count = helix.size();
   std::vector<PathPoint> path(count + 19, PathPoint{0.0, 0.0, 0.0});
   path[0] = {c.R, 0.0, -1.0};
