@@ -133,11 +133,11 @@ LUMAGRID_API std::ostream& operator<<(std::ostream& os, const MQuat& q);
 
 namespace lumagrid::detail {
 
-// Hamilton product a * b, out of line with the library's own flags: the bits
-// the inline path must give.
+/// Hamilton product a * b, out of line with the library's own flags: the bits
+/// the inline path must give.
 LUMAGRID_API MQuat quatProductCall(const MQuat& a, const MQuat& b);
 
-// The product the members below and the library's own code use.
+/// The product the members below and the library's own code use.
 [[gnu::always_inline]] inline MQuat quatProduct(const MQuat& a, const MQuat& b) {
 #if defined(LUMAGRID_INLINE_KERNELS)
   MQuat r;

@@ -309,12 +309,12 @@ LUMAGRID_API std::ostream& operator<<(std::ostream& os, const mat4x4& m);
 
 namespace lumagrid::detail {
 
-// The point v (three values) moved by the sixteen values m in place: the
-// upper three rows, each summed x, y, z, then the translation. Out of line,
-// with the library's own flags: the bits the inline path must give.
+/// The point v (three values) moved by the sixteen values m in place: the
+/// upper three rows, each summed x, y, z, then the translation. Out of line,
+/// with the library's own flags: the bits the inline path must give.
 LUMAGRID_API void transformPointCall(const double* m, double* v);
 
-// The point transform the members below and the library's own code use.
+/// The point transform the members below and the library's own code use.
 [[gnu::always_inline]] inline void transformPoint(const double* m, double* v) {
 #if defined(LUMAGRID_INLINE_KERNELS)
   transformPointSse2(m, v);

@@ -21,22 +21,23 @@
 /// out-of-line kernels. Either way the results are the same bits.
 #define LUMAGRID_INLINE_KERNELS 1
 
+/// Internal kernels; hosts use mat4x4::transform() and MQuat's product.
 namespace lumagrid::detail {
 
-// a * b rounded on its own: the empty asm hides the product from the
-// optimizer, so it cannot be fused with the sum it feeds, whatever the
-// host's -ffp-contract or -mfma, and costs no instruction. (GCC will not
-// inline a function carrying its own fp-contract setting, and clang's
-// pragma does not reach into the intrinsics' bodies.)
+/// a * b rounded on its own: the empty asm hides the product from the
+/// optimizer, so it cannot be fused with the sum it feeds, whatever the
+/// host's -ffp-contract or -mfma, and costs no instruction. (GCC will not
+/// inline a function carrying its own fp-contract setting, and clang's
+/// pragma does not reach into the intrinsics' bodies.)
 [[gnu::always_inline]] inline __m128d mulRounded(__m128d a, __m128d b) {
   __m128d p = _mm_mul_pd(a, b);
   __asm__("" : "+x"(p));
   return p;
 }
 
-// The point v (three values) moved by the sixteen values m in place, rows
-// 0-1 and rows 2-3 side by side; row 3 is computed and dropped. Each row is
-// summed x, y, z, then the translation.
+/// The point v (three values) moved by the sixteen values m in place, rows
+/// 0-1 and rows 2-3 side by side; row 3 is computed and dropped. Each row is
+/// summed x, y, z, then the translation.
 [[gnu::always_inline]] inline void transformPointSse2(const double* m, double* v) {
   const __m128d xy = _mm_loadu_pd(v);
   const __m128d x = _mm_unpacklo_pd(xy, xy);
@@ -54,11 +55,11 @@ namespace lumagrid::detail {
   _mm_store_sd(v + 2, hi);
 }
 
-// Hamilton product r = a * b of quaternions stored x, y, z, w (w the scalar
-// part), two components at a time, with the same operations per component
-// in the same order as the plain product: a - b is a + (-b) and -(a * b) is
-// (-a) * b exactly. r may be a or b: every value is read before any is
-// written.
+/// Hamilton product r = a * b of quaternions stored x, y, z, w (w the scalar
+/// part), two components at a time, with the same operations per component
+/// in the same order as the plain product: a - b is a + (-b) and -(a * b) is
+/// (-a) * b exactly. r may be a or b: every value is read before any is
+/// written.
 [[gnu::always_inline]] inline void quatProductSse2(const double* a, const double* b, double* r) {
   const __m128d axy = _mm_loadu_pd(a);
   const __m128d azw = _mm_loadu_pd(a + 2);

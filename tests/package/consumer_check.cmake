@@ -26,6 +26,11 @@ foreach(kind shared static)
   run("${cmake_build}/gl_host_${kind}")
   message(STATUS "GL host, ${kind}: ${last_output}")
 endforeach()
+# Built wherever the compiler takes -mfma, which every x86-64 one does.
+if(CMAKE_HOST_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64" OR EXISTS "${cmake_build}/fma_host")
+  run("${cmake_build}/fma_host")
+  message(STATUS "FMA host: ${last_output}")
+endif()
 
 # pkg-config, the way a Makefile user links.
 find_program(PKG_CONFIG pkg-config REQUIRED)
