@@ -61,8 +61,8 @@ inline constexpr auto multiply = [](const auto& a, const auto& b) { return a * b
 // The same inputs in lumagrid's, Eigen's and glm's types. A program's Inputs derives from it and
 // fills the three alike.
 template <class L, class E, class G>
-struct SameValues {
-  using Values = SameValues;
+struct InputsInEachLibrary {
+  using Values = InputsInEachLibrary;
   using LumagridType = L;
   using EigenType = E;
   using GlmType = G;

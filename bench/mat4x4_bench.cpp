@@ -16,7 +16,7 @@
 
 namespace {
 
-struct Inputs : bench::SameValues<mat4x4, Eigen::Matrix4d, glm::dmat4> {
+struct Inputs : bench::InputsInEachLibrary<mat4x4, Eigen::Matrix4d, glm::dmat4> {
   std::vector<vec3d> lgPts;
   std::vector<Eigen::Vector3d> eigPts;
   std::vector<glm::dvec3> glmPts;

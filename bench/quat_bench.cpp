@@ -16,7 +16,7 @@
 
 namespace {
 
-struct Inputs : bench::SameValues<MQuat, Eigen::Quaterniond, glm::dquat> {
+struct Inputs : bench::InputsInEachLibrary<MQuat, Eigen::Quaterniond, glm::dquat> {
   std::vector<double> t;
 
   Inputs() {

@@ -79,7 +79,8 @@ struct MathState {
 
 // ------------------------------------------------------------ predicates
 
-inline const double* E(const mat4x4& m) {
+// The sixteen values, column by column.
+inline const double* Elements(const mat4x4& m) {
   return static_cast<const double*>(m);
 }
 
@@ -97,7 +98,7 @@ inline bool Finite(const MQuat& q) {
 }
 inline bool Finite(const mat4x4& m) {
   for (int k = 0; k < 16; ++k) {
-    if (!Finite(E(m)[k])) {
+    if (!Finite(Elements(m)[k])) {
       return false;
     }
   }
@@ -121,7 +122,7 @@ inline bool IsTame(const double d) {
 }
 inline bool IsTame(const mat4x4& m) {
   for (int k = 0; k < 16; ++k) {
-    if (!IsTame(E(m)[k])) {
+    if (!IsTame(Elements(m)[k])) {
       return false;
     }
   }

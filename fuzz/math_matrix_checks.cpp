@@ -15,7 +15,7 @@ namespace {
 double MaxAbs(const mat4x4& m) {
   double r = 0.0;
   for (int k = 0; k < 16; ++k) {
-    r = std::max(r, std::fabs(E(m)[k]));
+    r = std::max(r, std::fabs(Elements(m)[k]));
   }
   return r;
 }
@@ -26,7 +26,7 @@ double NormInf(const mat4x4& m) {
   for (int row = 0; row < 4; ++row) {
     double s = 0.0;
     for (int col = 0; col < 4; ++col) {
-      s += std::fabs(E(m)[4 * col + row]);
+      s += std::fabs(Elements(m)[4 * col + row]);
     }
     r = std::max(r, s);
   }
@@ -36,7 +36,7 @@ double NormInf(const mat4x4& m) {
 // The product in the column-vector reading, summed in the library's order.
 mat4x4 ReferenceProduct(const mat4x4& a, const mat4x4& b) {
   mat4x4 r;
-  reference::product(r, E(a), E(b));
+  reference::product(r, Elements(a), Elements(b));
   return r;
 }
 
@@ -54,7 +54,7 @@ void DetAdjoint(MathState& fz) {
     const mat4x4 p = adj * m;
     for (int c = 0; c < 4; ++c) {
       for (int r = 0; r < 4; ++r) {
-        FUZZ_CHECK(std::fabs(E(p)[4 * c + r] - (r == c ? d : 0.0)) <= tol);
+        FUZZ_CHECK(std::fabs(Elements(p)[4 * c + r] - (r == c ? d : 0.0)) <= tol);
       }
     }
   }
@@ -78,8 +78,8 @@ void Inverse(MathState& fz) {
       for (int c = 0; c < 4; ++c) {
         for (int r = 0; r < 4; ++r) {
           const double want = r == c ? 1.0 : 0.0;
-          FUZZ_CHECK(std::fabs(E(right)[4 * c + r] - want) <= tol);
-          FUZZ_CHECK(std::fabs(E(left)[4 * c + r] - want) <= tol);
+          FUZZ_CHECK(std::fabs(Elements(right)[4 * c + r] - want) <= tol);
+          FUZZ_CHECK(std::fabs(Elements(left)[4 * c + r] - want) <= tol);
         }
       }
     }
@@ -124,13 +124,13 @@ void Arithmetic(MathState& fz) {
   t -= a;
   if (Finite(a)) {
     for (int k = 0; k < 16; ++k) {
-      FUZZ_CHECK(E(t)[k] == 0.0);
+      FUZZ_CHECK(Elements(t)[k] == 0.0);
     }
   }
 
   const mat4x4 neg = -a;
   for (int k = 0; k < 16; ++k) {
-    FUZZ_CHECK(std::signbit(E(neg)[k]) != std::signbit(E(a)[k]));
+    FUZZ_CHECK(std::signbit(Elements(neg)[k]) != std::signbit(Elements(a)[k]));
   }
   t = a;
   t.neg();

@@ -13,20 +13,20 @@ namespace mathfuzz {
 namespace {
 
 bool SameBitsAt(const mat4x4& a, const mat4x4& b, int k) {
-  return mathtest::sameBits(E(a)[k], E(b)[k]);
+  return mathtest::sameBits(Elements(a)[k], Elements(b)[k]);
 }
 
 // one: the axis's 1.0; c1, c2 the cosines; ps, ns the +sin and -sin.
 void CheckAxisRotation(const mat4x4& t, int one, int c1, int ps, int ns, int c2) {
   for (int k = 0; k < 16; ++k) {
     if (k == one || k == 15) {
-      FUZZ_CHECK(E(t)[k] == 1.0);
+      FUZZ_CHECK(Elements(t)[k] == 1.0);
     } else if (k != c1 && k != c2 && k != ps && k != ns) {
-      FUZZ_CHECK(E(t)[k] == 0.0);
+      FUZZ_CHECK(Elements(t)[k] == 0.0);
     }
   }
-  FUZZ_CHECK(equalOrBothNaN(E(t)[c1], E(t)[c2]));
-  FUZZ_CHECK(equalOrBothNaN(E(t)[ps], -E(t)[ns]));
+  FUZZ_CHECK(equalOrBothNaN(Elements(t)[c1], Elements(t)[c2]));
+  FUZZ_CHECK(equalOrBothNaN(Elements(t)[ps], -Elements(t)[ns]));
 }
 
 void CheckColumnsKept(const mat4x4& t, const mat4x4& m, int c0, int c1) {
@@ -50,18 +50,18 @@ void AxisTransforms(MathState& fz) {
   t = m;
   t.translate(x, y, z);
   for (int k = 0; k < 12; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(t)[k], E(m)[k]));
+    FUZZ_CHECK(equalOrBothNaN(Elements(t)[k], Elements(m)[k]));
   }
-  FUZZ_CHECK(equalOrBothNaN(E(t)[15], E(m)[15]));  // treated as affine
+  FUZZ_CHECK(equalOrBothNaN(Elements(t)[15], Elements(m)[15]));  // treated as affine
   mat4x4 u = m;
   u.translate(vec3d(x, y, z));
   FUZZ_CHECK(equalOrBothNaN(t, u));
   u = m;
   u.translateNeg(vec3d(x, y, z));
   for (int k = 0; k < 12; ++k) {
-    FUZZ_CHECK(equalOrBothNaN(E(u)[k], E(m)[k]));
+    FUZZ_CHECK(equalOrBothNaN(Elements(u)[k], Elements(m)[k]));
   }
-  FUZZ_CHECK(equalOrBothNaN(E(u)[15], E(m)[15]));
+  FUZZ_CHECK(equalOrBothNaN(Elements(u)[15], Elements(m)[15]));
 
   t.loadScale(x, y, z);
   t = m;
@@ -163,7 +163,8 @@ void Orient(MathState& fz) {
   fz.Vec3s(p, 6);
   mat4x4 m;
   FUZZ_CHECK(m.loadOrient(p[0], p[1], p[2]) == 1);
-  FUZZ_CHECK(E(m)[12] == 0.0 && E(m)[13] == 0.0 && E(m)[14] == 0.0 && E(m)[15] == 1.0);
+  FUZZ_CHECK(Elements(m)[12] == 0.0 && Elements(m)[13] == 0.0 && Elements(m)[14] == 0.0 &&
+             Elements(m)[15] == 1.0);
   mat4x4 t;
   // loadOrient never fails, so neither does this.
   FUZZ_CHECK(t.loadAlign(p[0], p[1], p[2], p[3], p[4], p[5]) == 1);
@@ -184,7 +185,7 @@ void Mirror(MathState& fz) {
     const double tol = 1e-11 * std::max(1.0, nn);
     for (int c = 0; c < 4; ++c) {
       for (int r = 0; r < 4; ++r) {
-        FUZZ_CHECK(std::fabs(E(m)[4 * c + r] - (r == c ? diag[r] : 0.0)) <= tol);
+        FUZZ_CHECK(std::fabs(Elements(m)[4 * c + r] - (r == c ? diag[r] : 0.0)) <= tol);
       }
     }
   }
@@ -201,9 +202,9 @@ void Proj(MathState& fz) {
   mat4x4 m;
   m.loadProj(fovy, zNear, zFar, aspect);
   for (int k : {1, 2, 3, 4, 6, 7, 8, 9, 12, 13, 15}) {
-    FUZZ_CHECK(E(m)[k] == 0.0);
+    FUZZ_CHECK(Elements(m)[k] == 0.0);
   }
-  FUZZ_CHECK(E(m)[14] == -1.0);
+  FUZZ_CHECK(Elements(m)[14] == -1.0);
   mat4x4 t = fz.matrix;
   t.proj(fovy, zNear, zFar, aspect);
   if (fz.in.Bool()) {
@@ -218,9 +219,10 @@ void Xform(MathState& fz) {
   mat4x4 back;
   back.loadXform(out);
   for (int k : {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14}) {
-    FUZZ_CHECK(equalOrBothNaN(E(back)[k], E(fz.matrix)[k]));
+    FUZZ_CHECK(equalOrBothNaN(Elements(back)[k], Elements(fz.matrix)[k]));
   }
-  FUZZ_CHECK(E(back)[3] == 0.0 && E(back)[7] == 0.0 && E(back)[11] == 0.0 && E(back)[15] == 1.0);
+  FUZZ_CHECK(Elements(back)[3] == 0.0 && Elements(back)[7] == 0.0 && Elements(back)[11] == 0.0 &&
+             Elements(back)[15] == 1.0);
 
   double in[13];
   for (double& v : in) {
@@ -241,9 +243,9 @@ void RotateBy(MathState& fz) {
   mat4x4 m;
   m.loadRotate(q);
   for (int k : {3, 7, 11, 12, 13, 14}) {
-    FUZZ_CHECK(E(m)[k] == 0.0);
+    FUZZ_CHECK(Elements(m)[k] == 0.0);
   }
-  FUZZ_CHECK(E(m)[15] == 1.0);
+  FUZZ_CHECK(Elements(m)[15] == 1.0);
   if (q.x == 0.0 && q.y == 0.0 && q.z == 0.0 && (q.w == 0.0 || std::fabs(q.w) == 2.0)) {
     FUZZ_CHECK(equalNoNaN(m, Identity()));
   }

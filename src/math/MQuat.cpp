@@ -92,10 +92,17 @@ void MQuat::identity() {
   set(0.0, 0.0, 0.0, 1.0);
 }
 
-// The plain path: where the inline one is SSE2 it gives the same bits, and
-// where it is not, it is this call.
+// The out-of-line copy, for hosts whose compiler cannot inline the SSE2
+// kernel: built with the library's flags, it takes the two-lane path where
+// the library has it (same bits as the plain one, and faster).
 MQuat lumagrid::detail::quatProductCall(const MQuat& a, const MQuat& b) {
+#if defined(LUMAGRID_INLINE_KERNELS)
+  MQuat r;
+  quatProductSse2(&a.x, &b.x, &r.x);
+  return r;
+#else
   return quatProductPlain(a, b);
+#endif
 }
 
 MQuat MQuat::operator*(double s) const {

@@ -101,10 +101,15 @@ void mat4x4::rotateZ(double a) {
   turnColumns(m_e, 0, 1, std::cos(a), std::sin(a));
 }
 
-// The plain path: where the inline one is SSE2 it gives the same bits, and
-// where it is not, it is this call.
+// The out-of-line copy, for hosts whose compiler cannot inline the SSE2
+// kernel: built with the library's flags, it takes the two-lane path where
+// the library has it (same bits as the plain one, and faster).
 void lumagrid::detail::transformPointCall(const double* m, double* v) {
+#if defined(LUMAGRID_INLINE_KERNELS)
+  transformPointSse2(m, v);
+#else
   transformPointPlain(m, v);
+#endif
 }
 
 vec4d mat4x4::operator*(const vec4d& v) const {
