@@ -19,10 +19,14 @@ namespace {
 
 using limits = std::numeric_limits<double>;
 
-constexpr std::array<double, 8> kBadValues{limits::quiet_NaN(), -limits::quiet_NaN(),
-                                           limits::infinity(),  -limits::infinity(),
-                                           limits::max(),       limits::denorm_min(),
-                                           -0.0,                0.0};
+constexpr std::array<double, 8> kBadValues{limits::quiet_NaN(),
+                                           -limits::quiet_NaN(),
+                                           limits::infinity(),
+                                           -limits::infinity(),
+                                           limits::max(),
+                                           limits::denorm_min(),
+                                           -0.0,
+                                           0.0};
 
 // An ordinary value for every place but one.
 double ordinary(int place) {
@@ -85,8 +89,7 @@ TEST(MathKernels, QuaternionProductOfABadValueInAnyPlaceGivesThePlainBits) {
       const MQuat call = lumagrid::detail::quatProductCall(a, b);
       const MQuat inlined = a * b;
       EXPECT_TRUE(sameBitsAnyNaN(&plain.x, &call.x, 4)) << "value " << bad << " at " << place;
-      EXPECT_TRUE(sameBitsAnyNaN(&plain.x, &inlined.x, 4))
-          << "value " << bad << " at " << place;
+      EXPECT_TRUE(sameBitsAnyNaN(&plain.x, &inlined.x, 4)) << "value " << bad << " at " << place;
     }
   }
 }
