@@ -1,0 +1,62 @@
+/// @file
+/// Every shape's geometry as a triangle and line mesh: what its display list would draw.
+#ifndef LUMAGRID_MESH_H
+#define LUMAGRID_MESH_H
+
+#include <lumagrid/lumagrid_export.h>
+#include <lumagrid/vec3d.h>
+
+#include <cstdint>
+#include <vector>
+
+class CGLObject;
+
+namespace lumagrid {
+
+/// A vertex of a mesh part: a position and, for triangle parts, the unit normal GL receives
+/// there. The normal is zero in line parts.
+struct MeshVertex {
+  vec3d position;
+  vec3d normal;
+};
+
+/// What a mesh part's indices make.
+enum class Primitive { Triangles, Lines };
+
+/// One run of primitives of a kind.
+struct MeshPart {
+  Primitive primitive = Primitive::Triangles;
+  std::vector<MeshVertex> vertices;
+  /// Three per triangle, counter-clockwise seen from the side GL takes as the front; two per
+  /// line segment.
+  std::vector<std::uint32_t> indices;
+};
+
+/// A shape's geometry, part by part.
+struct Mesh {
+  std::vector<MeshPart> parts;
+};
+
+/// The geometry `shape`'s display list would draw if it were compiled now, in the shape's own
+/// frame (without its matrix).
+///
+/// GLU's and GLE's settings are read as they stand (GLE's number of sides and join style, and
+/// whether the library's tubes are filled or wireframes), as a compile would read them. The
+/// shape is only read: no modified mark changes and no GL, GLU or GLE drawing call is made.
+///
+/// The contract, held by the library's tests against the real libGLU and libgle: the mesh has
+/// as many triangles and line segments as GL receives from the list (strips, fans, quads and
+/// polygons counted as triangles), every vertex of either lies within 1e-6 of the shape's size
+/// of a vertex of the other, normals are within half a degree of GL's normal at that vertex,
+/// and triangles wind as GL's front faces. Triangles and segments smaller than that tolerance
+/// may be missing on either side (GLU mixes single and double precision and leaves slivers).
+/// Triangles are counter-clockwise seen from outside, where the geometry has an outside.
+///
+/// A group, and so an axis triad, gives its visible members' meshes in the group's frame, each
+/// through its member's matrix. A shape of a class the library does not know, a host's own
+/// subclass included, gives an empty mesh.
+LUMAGRID_API Mesh MeshOf(CGLObject& shape);
+
+}  // namespace lumagrid
+
+#endif
