@@ -12,8 +12,8 @@ enum class QuadricOrientation { Outside, Inside };
 // defaults (filled, smooth normals, no texture coordinates), in the quadric's own frame.
 // Empty where GLU draws nothing.
 MeshPart GluSphereMesh(double radius, int slices, int stacks);
-MeshPart GluCylinderMesh(double baseRadius, double topRadius, double height, int slices,
-                         int stacks, QuadricOrientation orientation);
+MeshPart GluCylinderMesh(double baseRadius, double topRadius, double height, int slices, int stacks,
+                         QuadricOrientation orientation);
 MeshPart GluDiskMesh(double innerRadius, double outerRadius, int slices, int loops,
                      QuadricOrientation orientation);
 

@@ -20,7 +20,9 @@
 namespace lumagrid::detail {
 
 #define LUMAGRID_FIELD(Class, Type, member) \
-  static Type member(const Class& o) { return o.*(&Reader::m_##member); }
+  static Type member(const Class& o) {      \
+    return o.*(&Reader::m_##member);        \
+  }
 
 struct ObjectFields : CGLObject {
   using Reader = ObjectFields;

@@ -4,6 +4,20 @@
 
 namespace lumagrid::detail {
 
+SpringStyle SpringStyleOf(unsigned int type, unsigned int type2) {
+  // The bit of the second type that selects the schematic drawing.
+  constexpr unsigned int kSchematic = 8;
+  const bool schematic = (type2 & kSchematic) != 0;
+  const unsigned int ends = schematic ? type2 - kSchematic : type2;
+  if (type == 0) {
+    return {schematic ? SpringStyle::CompressionSchematic : SpringStyle::CompressionTube, ends};
+  }
+  if (type == 1) {
+    return {schematic ? SpringStyle::TensionSchematic : SpringStyle::TensionTube, ends};
+  }
+  return {SpringStyle::None, ends};
+}
+
 double TensionTwist(unsigned int ends) {
   return ends * 0.25;
 }

@@ -13,6 +13,14 @@ namespace lumagrid::detail {
 constexpr int kSpringCapped = 0x412;
 constexpr int kSpringOpen = 0x402;
 
+// Which of its four drawings a spring makes for its type codes, and the end option.
+struct SpringStyle {
+  enum Drawing { None, CompressionTube, CompressionSchematic, TensionTube, TensionSchematic };
+  Drawing drawing;
+  unsigned int ends;
+};
+SpringStyle SpringStyleOf(unsigned int type, unsigned int type2);
+
 // A tension spring's part turn for its end option.
 double TensionTwist(unsigned int ends);
 

@@ -6,6 +6,9 @@
 #include "shapes/tube/helix_points.h"
 #include "shapes/tube/tube.h"
 
+static_assert(lumagrid::detail::kTorusJoinStyle == (TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE),
+              "the ring's join style");
+
 CGLTorus::CGLTorus() : CGLTorus(0.1, 1.0, 0.0, 360.0) {}
 
 CGLTorus::CGLTorus(double innerRadius, double outerRadius, double startAngle, double sweepAngle)
@@ -40,7 +43,7 @@ double CGLTorus::sweepAngle() {
 long CGLTorus::DisplayListMake() {
   return DisplayListCompile([&] {
     // Left in force afterwards: later GLE drawings inherit this style.
-    gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+    gleSetJoinStyle(lumagrid::detail::kTorusJoinStyle);
     // A ring that cannot be sampled leaves the list empty.
     if (lumagrid::detail::TorusSweepable(m_dStartAngle, m_dSweepAngle, gleGetNumSides)) {
       // Solid or wireframe, as the last spring drawn left the tubes.

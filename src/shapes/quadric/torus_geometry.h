@@ -7,6 +7,9 @@
 
 namespace lumagrid::detail {
 
+// GLE's join style for the ring: angled joins, end caps, normals smoothed across edges.
+constexpr int kTorusJoinStyle = 0x212;
+
 // A torus's ring: a tube of the inner radius around a flat circle of the
 // outer radius, from the start angle through the sweep, in degrees.
 HelixTube BuildTorusRing(double innerRadius, double outerRadius, double startAngle,
