@@ -105,7 +105,8 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
   const std::size_t n = v.size();
   switch (mode) {
     case GL_TRIANGLES:
-      for (std::size_t i = 0; i + 2 < n; i += 3) Triangle(v[i], v[i + 1], v[i + 2]);
+      for (std::size_t i = 0; i + 2 < n; i += 3)
+        Triangle(v[i], v[i + 1], v[i + 2]);
       break;
     case GL_TRIANGLE_STRIP:
       for (std::size_t i = 2; i < n; ++i) {
@@ -118,7 +119,8 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
       break;
     case GL_TRIANGLE_FAN:
     case GL_POLYGON:
-      for (std::size_t i = 2; i < n; ++i) Triangle(v[0], v[i - 1], v[i]);
+      for (std::size_t i = 2; i < n; ++i)
+        Triangle(v[0], v[i - 1], v[i]);
       break;
     case GL_QUADS:
       for (std::size_t i = 0; i + 3 < n; i += 4) {
@@ -133,14 +135,18 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
       }
       break;
     case GL_LINES:
-      for (std::size_t i = 0; i + 1 < n; i += 2) Segment(v[i], v[i + 1]);
+      for (std::size_t i = 0; i + 1 < n; i += 2)
+        Segment(v[i], v[i + 1]);
       break;
     case GL_LINE_STRIP:
-      for (std::size_t i = 1; i < n; ++i) Segment(v[i - 1], v[i]);
+      for (std::size_t i = 1; i < n; ++i)
+        Segment(v[i - 1], v[i]);
       break;
     case GL_LINE_LOOP:
-      for (std::size_t i = 1; i < n; ++i) Segment(v[i - 1], v[i]);
-      if (n > 1) Segment(v[n - 1], v[0]);
+      for (std::size_t i = 1; i < n; ++i)
+        Segment(v[i - 1], v[i]);
+      if (n > 1)
+        Segment(v[n - 1], v[0]);
       break;
     default:
       break;
@@ -196,7 +202,8 @@ void Execute(const Command& c) {
       break;
     case Command::Mult: {
       Matrix m{};
-      for (std::size_t i = 0; i < 16; ++i) m[i] = c.values[i];
+      for (std::size_t i = 0; i < 16; ++i)
+        m[i] = c.values[i];
       s.stack.back() = Multiply(s.stack.back(), m);
       break;
     }
@@ -207,7 +214,8 @@ void Execute(const Command& c) {
       const auto it = s.lists.find(static_cast<GLuint>(c.values[0]));
       if (it != s.lists.end()) {
         const std::vector<Command> commands = it->second;
-        for (const Command& inner : commands) Execute(inner);
+        for (const Command& inner : commands)
+          Execute(inner);
       }
       break;
     }
@@ -224,14 +232,16 @@ void Run3(Command::Kind kind, double x, double y, double z) {
 
 void RunMatrix(const Matrix& m) {
   Command c{Command::Mult, {}};
-  for (std::size_t i = 0; i < 16; ++i) c.values[i] = m[i];
+  for (std::size_t i = 0; i < 16; ++i)
+    c.values[i] = m[i];
   Run(c);
 }
 
 Matrix Rotation(double degrees, double x, double y, double z) {
   const double length = std::sqrt(x * x + y * y + z * z);
   Matrix r = kIdentity;
-  if (length == 0.0) return r;
+  if (length == 0.0)
+    return r;
   x /= length;
   y /= length;
   z /= length;
@@ -285,18 +295,42 @@ using geometry::Command;
 // accepted and ignored.
 extern "C" {
 
-void glBegin(GLenum mode) { geometry::Run3(Command::Begin, mode, 0, 0); }
-void glEnd() { geometry::Run3(Command::End, 0, 0, 0); }
-void glVertex2f(GLfloat x, GLfloat y) { geometry::Run3(Command::Vertex, x, y, 0); }
-void glVertex2fv(const GLfloat* v) { geometry::Run3(Command::Vertex, v[0], v[1], 0); }
-void glVertex3d(GLdouble x, GLdouble y, GLdouble z) { geometry::Run3(Command::Vertex, x, y, z); }
-void glVertex3dv(const GLdouble* v) { geometry::Run3(Command::Vertex, v[0], v[1], v[2]); }
-void glVertex3f(GLfloat x, GLfloat y, GLfloat z) { geometry::Run3(Command::Vertex, x, y, z); }
-void glVertex3fv(const GLfloat* v) { geometry::Run3(Command::Vertex, v[0], v[1], v[2]); }
-void glNormal3f(GLfloat x, GLfloat y, GLfloat z) { geometry::Run3(Command::Normal, x, y, z); }
-void glNormal3fv(const GLfloat* v) { geometry::Run3(Command::Normal, v[0], v[1], v[2]); }
-void glNormal3dv(const GLdouble* v) { geometry::Run3(Command::Normal, v[0], v[1], v[2]); }
-void glNormal3d(GLdouble x, GLdouble y, GLdouble z) { geometry::Run3(Command::Normal, x, y, z); }
+void glBegin(GLenum mode) {
+  geometry::Run3(Command::Begin, mode, 0, 0);
+}
+void glEnd() {
+  geometry::Run3(Command::End, 0, 0, 0);
+}
+void glVertex2f(GLfloat x, GLfloat y) {
+  geometry::Run3(Command::Vertex, x, y, 0);
+}
+void glVertex2fv(const GLfloat* v) {
+  geometry::Run3(Command::Vertex, v[0], v[1], 0);
+}
+void glVertex3d(GLdouble x, GLdouble y, GLdouble z) {
+  geometry::Run3(Command::Vertex, x, y, z);
+}
+void glVertex3dv(const GLdouble* v) {
+  geometry::Run3(Command::Vertex, v[0], v[1], v[2]);
+}
+void glVertex3f(GLfloat x, GLfloat y, GLfloat z) {
+  geometry::Run3(Command::Vertex, x, y, z);
+}
+void glVertex3fv(const GLfloat* v) {
+  geometry::Run3(Command::Vertex, v[0], v[1], v[2]);
+}
+void glNormal3f(GLfloat x, GLfloat y, GLfloat z) {
+  geometry::Run3(Command::Normal, x, y, z);
+}
+void glNormal3fv(const GLfloat* v) {
+  geometry::Run3(Command::Normal, v[0], v[1], v[2]);
+}
+void glNormal3dv(const GLdouble* v) {
+  geometry::Run3(Command::Normal, v[0], v[1], v[2]);
+}
+void glNormal3d(GLdouble x, GLdouble y, GLdouble z) {
+  geometry::Run3(Command::Normal, x, y, z);
+}
 void glTexCoord2d(GLdouble, GLdouble) {}
 void glTexCoord2f(GLfloat, GLfloat) {}
 void glColor3d(GLdouble, GLdouble, GLdouble) {}
@@ -310,23 +344,41 @@ void glPolygonMode(GLenum, GLenum) {}
 void glPushAttrib(GLbitfield) {}
 void glPopAttrib() {}
 void glMatrixMode(GLenum) {}
-GLboolean glIsEnabled(GLenum cap) { return cap == GL_LIGHTING ? GL_TRUE : GL_FALSE; }
-void glGetIntegerv(GLenum pname, GLint* v) { v[0] = pname == GL_LIGHTING ? 1 : 0; }
-void glGetFloatv(GLenum pname, GLfloat* v) { v[0] = pname == GL_LIGHTING ? 1.0f : 0.0f; }
-void glGetDoublev(GLenum pname, GLdouble* v) { v[0] = pname == GL_LIGHTING ? 1.0 : 0.0; }
-GLenum glGetError() { return GL_NO_ERROR; }
+GLboolean glIsEnabled(GLenum cap) {
+  return cap == GL_LIGHTING ? GL_TRUE : GL_FALSE;
+}
+void glGetIntegerv(GLenum pname, GLint* v) {
+  v[0] = pname == GL_LIGHTING ? 1 : 0;
+}
+void glGetFloatv(GLenum pname, GLfloat* v) {
+  v[0] = pname == GL_LIGHTING ? 1.0f : 0.0f;
+}
+void glGetDoublev(GLenum pname, GLdouble* v) {
+  v[0] = pname == GL_LIGHTING ? 1.0 : 0.0;
+}
+GLenum glGetError() {
+  return GL_NO_ERROR;
+}
 
-void glPushMatrix() { geometry::Run3(Command::Push, 0, 0, 0); }
-void glPopMatrix() { geometry::Run3(Command::Pop, 0, 0, 0); }
-void glLoadIdentity() { geometry::Run3(Command::Load, 0, 0, 0); }
+void glPushMatrix() {
+  geometry::Run3(Command::Push, 0, 0, 0);
+}
+void glPopMatrix() {
+  geometry::Run3(Command::Pop, 0, 0, 0);
+}
+void glLoadIdentity() {
+  geometry::Run3(Command::Load, 0, 0, 0);
+}
 void glMultMatrixd(const GLdouble* m) {
   geometry::Matrix a{};
-  for (std::size_t i = 0; i < 16; ++i) a[i] = m[i];
+  for (std::size_t i = 0; i < 16; ++i)
+    a[i] = m[i];
   geometry::RunMatrix(a);
 }
 void glMultMatrixf(const GLfloat* m) {
   geometry::Matrix a{};
-  for (std::size_t i = 0; i < 16; ++i) a[i] = m[i];
+  for (std::size_t i = 0; i < 16; ++i)
+    a[i] = m[i];
   geometry::RunMatrix(a);
 }
 void glTranslated(GLdouble x, GLdouble y, GLdouble z) {
@@ -341,18 +393,24 @@ void glRotated(GLdouble a, GLdouble x, GLdouble y, GLdouble z) {
 void glRotatef(GLfloat a, GLfloat x, GLfloat y, GLfloat z) {
   geometry::RunMatrix(geometry::Rotation(a, x, y, z));
 }
-void glScalef(GLfloat x, GLfloat y, GLfloat z) { geometry::RunMatrix(geometry::Scaling(x, y, z)); }
+void glScalef(GLfloat x, GLfloat y, GLfloat z) {
+  geometry::RunMatrix(geometry::Scaling(x, y, z));
+}
 
 GLuint glGenLists(GLsizei range) {
   geometry::State& s = geometry::S();
   const GLuint first = s.nextList;
   s.nextList += static_cast<GLuint>(range);
-  for (GLuint i = first; i < s.nextList; ++i) s.lists[i];
+  for (GLuint i = first; i < s.nextList; ++i)
+    s.lists[i];
   return first;
 }
-GLboolean glIsList(GLuint list) { return geometry::S().lists.count(list) != 0 ? GL_TRUE : GL_FALSE; }
+GLboolean glIsList(GLuint list) {
+  return geometry::S().lists.count(list) != 0 ? GL_TRUE : GL_FALSE;
+}
 void glDeleteLists(GLuint list, GLsizei range) {
-  for (GLuint i = list; i < list + static_cast<GLuint>(range); ++i) geometry::S().lists.erase(i);
+  for (GLuint i = list; i < list + static_cast<GLuint>(range); ++i)
+    geometry::S().lists.erase(i);
 }
 void glNewList(GLuint list, GLenum mode) {
   geometry::State& s = geometry::S();
@@ -361,7 +419,11 @@ void glNewList(GLuint list, GLenum mode) {
   s.executeWhileCompiling = mode == GL_COMPILE_AND_EXECUTE;
   s.compiled = list;
 }
-void glEndList() { geometry::S().compiling = false; }
-void glCallList(GLuint list) { geometry::Run3(Command::CallList, list, 0, 0); }
+void glEndList() {
+  geometry::S().compiling = false;
+}
+void glCallList(GLuint list) {
+  geometry::Run3(Command::CallList, list, 0, 0);
+}
 
 }  // extern "C"
