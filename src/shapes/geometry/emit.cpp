@@ -83,6 +83,16 @@ void EmitWireSweep(const WireSweep& sweep) {
   }
 }
 
+void EmitMatrixSteps(const std::vector<MatrixStep>& steps) {
+  for (const MatrixStep& step : steps) {
+    if (step.kind == MatrixStep::Rotate) {
+      glRotated(step.degrees, step.x, step.y, step.z);
+    } else {
+      glTranslated(step.x, step.y, step.z);
+    }
+  }
+}
+
 void EmitBoxFaces(const std::array<BoxFace, 6>& faces) {
   glBegin(GL_QUADS);
   {

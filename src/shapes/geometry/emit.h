@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "shapes/geometry/matrix_step.h"
 #include "shapes/geometry/path_point.h"
 #include "shapes/quadric/box_faces.h"
 #include "shapes/tube/wire_sweep.h"
@@ -24,6 +25,9 @@ void EmitLineInFloats(const PathPoint& from, const PathPoint& to);
 // The sweep's lines (no glBegin when there are none), each vertex with its
 // normal as glNormal3f, then each cap as a GL_POLYGON with one normal.
 void EmitWireSweep(const WireSweep& sweep);
+
+// glTranslated or glRotated for each step, in order.
+void EmitMatrixSteps(const std::vector<MatrixStep>& steps);
 
 // The faces as one GL_QUADS block: a glNormal3f and four glVertex3f each.
 void EmitBoxFaces(const std::array<BoxFace, 6>& faces);

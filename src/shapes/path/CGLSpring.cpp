@@ -4,14 +4,8 @@
 
 #include "shapes/path/quality.h"
 #include "shapes/path/spring_draw.h"
+#include "shapes/path/spring_drawing.h"
 #include "shapes/tube/tube_fill.h"
-
-namespace {
-
-// Bit of the second type that selects the schematic drawing.
-constexpr unsigned int kSchematic = 8;
-
-}  // namespace
 
 CGLSpring::CGLSpring() : CGLSpring(0.1, 1.0, 1.0, 5.0, 3, 0.0) {}
 
@@ -87,19 +81,21 @@ void CGLSpring::DrawSpring() {
   lumagrid::detail::gl::SetTubeFilled(m_bShaded != 0);
   const lumagrid::detail::SpringCoil coil{m_dWireRadius, m_dRadius,     m_dLength,
                                           m_nTurns,      m_dStartAngle, m_nQuality};
-  const bool schematic = (m_nType2 & kSchematic) != 0;
-  const unsigned int ends = schematic ? m_nType2 - kSchematic : m_nType2;
-  if (m_nType == 0) {
-    if (schematic) {
-      lumagrid::detail::gl::DrawCompressionSchematic(coil, ends);
-    } else {
-      lumagrid::detail::gl::DrawCompressionTube(coil, ends);
-    }
-  } else if (m_nType == 1) {
-    if (schematic) {
-      lumagrid::detail::gl::DrawTensionSchematic(coil, ends);
-    } else {
-      lumagrid::detail::gl::DrawTensionTube(coil, ends);
-    }
+  const lumagrid::detail::SpringStyle style = lumagrid::detail::SpringStyleOf(m_nType, m_nType2);
+  switch (style.drawing) {
+    case lumagrid::detail::SpringStyle::CompressionTube:
+      lumagrid::detail::gl::DrawCompressionTube(coil, style.ends);
+      break;
+    case lumagrid::detail::SpringStyle::CompressionSchematic:
+      lumagrid::detail::gl::DrawCompressionSchematic(coil, style.ends);
+      break;
+    case lumagrid::detail::SpringStyle::TensionTube:
+      lumagrid::detail::gl::DrawTensionTube(coil, style.ends);
+      break;
+    case lumagrid::detail::SpringStyle::TensionSchematic:
+      lumagrid::detail::gl::DrawTensionSchematic(coil, style.ends);
+      break;
+    case lumagrid::detail::SpringStyle::None:
+      break;
   }
 }

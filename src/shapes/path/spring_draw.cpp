@@ -7,30 +7,30 @@
 
 #include "shapes/geometry/emit.h"
 #include "shapes/geometry/path_point.h"
+#include "shapes/path/spring_drawing.h"
 #include "shapes/path/spring_schematic.h"
 #include "shapes/tube/tube.h"
 
 namespace lumagrid::detail::gl {
 
+static_assert(kSpringCapped == (TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE),
+              "capped spring tubes");
+static_assert(kSpringOpen == (TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE), "open spring tubes");
+
 namespace {
 
-constexpr int kCapped = TUBE_NORM_PATH_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE;
-constexpr int kOpen = TUBE_NORM_PATH_EDGE | TUBE_JN_ANGLE;
-
-// The hooks' arcs open towards the body; `turn` rotates the top one.
+// Each hook in its frame, between a push and a pop.
 template <class Bottom, class Top>
-void Hooks(double length, double turn, Bottom&& bottom, Top&& top) {
+void Hooks(const HookFrames& frames, Bottom&& bottom, Top&& top) {
   glPushMatrix();
   {
-    glRotated(-90.0, 1.0, 0.0, 0.0);
+    EmitMatrixSteps(frames.bottom);
     bottom();
   }
   glPopMatrix();
   glPushMatrix();
   {
-    glTranslated(0.0, 0.0, length);
-    glRotated(90.0, 1.0, 0.0, 0.0);
-    glRotated(turn * 360.0 - 180.0, 0.0, 1.0, 0.0);
+    EmitMatrixSteps(frames.top);
     top();
   }
   glPopMatrix();
@@ -40,12 +40,12 @@ void Hooks(double length, double turn, Bottom&& bottom, Top&& top) {
 
 void DrawCompressionTube(const SpringCoil& s, unsigned int ends) {
   const CompressionTubes tubes = BuildCompressionTubes(s, ends != 0);
-  gleSetJoinStyle(ends != 0 ? kOpen : kCapped);
+  gleSetJoinStyle(ends != 0 ? kSpringOpen : kSpringCapped);
   for (const HelixTube& coil : tubes.coil) {
     TubeHelicoid(coil);
   }
   if (ends != 0) {
-    gleSetJoinStyle(kCapped);
+    gleSetJoinStyle(kSpringCapped);
     for (const HelixTube& ring : tubes.rings) {
       TubeHelicoid(ring);
     }
@@ -60,31 +60,25 @@ void DrawCompressionSchematic(const SpringCoil& s, unsigned int ends) {
 }
 
 void DrawTensionTube(const SpringCoil& s, unsigned int ends) {
-  const double twist = ends * 0.25;
-  const TensionTubes tubes = BuildTensionTubes(s, twist);
-  gleSetJoinStyle(kOpen);
+  const TensionTubes tubes = BuildTensionTubes(s, TensionTwist(ends));
+  gleSetJoinStyle(kSpringOpen);
   if (!tubes.body.empty()) {
     TubePolyCylinder(tubes.body, s.wireRadius);
   }
-  gleSetJoinStyle(kCapped);
+  gleSetJoinStyle(kSpringCapped);
   Hooks(
-      s.length, twist, [&] { TubeHelicoid(tubes.bottomHook); },
+      TensionTubeHookFrames(s, ends), [&] { TubeHelicoid(tubes.bottomHook); },
       [&] { TubeHelicoid(tubes.topHook); });
 }
 
 void DrawTensionSchematic(const SpringCoil& s, unsigned int ends) {
-  const double R = s.radius;
-  const double twist = ends * 0.25;
-  const std::vector<PathPoint> zigzag = TensionZigzag(R, s.length, s.turns, twist);
-  if (!zigzag.empty()) {
-    EmitLineStrip(zigzag);
+  const TensionSchematic schematic = BuildTensionSchematic(s, ends);
+  if (!schematic.zigzag.empty()) {
+    EmitLineStrip(schematic.zigzag);
   }
-  // The loops are drawn on the coil radius alone, with no wire radius; the
-  // top one sits at (L - 2R) + 2R, which rounding may move off L.
-  const double body = s.length - 2.0 * R;
   Hooks(
-      body + 2.0 * R, twist, [&] { EmitLineStrip(HookArc(R, 0, 200)); },
-      [&] { EmitLineStrip(HookArc(R, -20, 180)); });
+      schematic.frames, [&] { EmitLineStrip(schematic.bottomHook); },
+      [&] { EmitLineStrip(schematic.topHook); });
 }
 
 }  // namespace lumagrid::detail::gl

@@ -34,4 +34,10 @@ TensionTubes BuildTensionTubes(const SpringCoil& s, double twist) {
           FlatArc(s, 0.0, 0.0, 200.0), FlatArc(s, 0.0, -20.0, 200.0)};
 }
 
+HookFrames BuildHookFrames(double topHeight, double twist) {
+  return {{RotateStep(-90.0, 1.0, 0.0, 0.0)},
+          {TranslateStep(0.0, 0.0, topHeight), RotateStep(90.0, 1.0, 0.0, 0.0),
+           RotateStep(twist * 360.0 - 180.0, 0.0, 1.0, 0.0)}};
+}
+
 }  // namespace lumagrid::detail

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "shapes/geometry/matrix_step.h"
 #include "shapes/geometry/path_point.h"
 #include "shapes/tube/helix_points.h"
 
@@ -37,6 +38,14 @@ struct TensionTubes {
 };
 
 TensionTubes BuildTensionTubes(const SpringCoil& s, double twist);
+
+// The frames a tension spring's hooks are drawn in, solid or schematic: each the matrix
+// calls made after a push. The hooks' arcs open towards the body; `twist` turns the top one.
+struct HookFrames {
+  std::vector<MatrixStep> bottom;
+  std::vector<MatrixStep> top;
+};
+HookFrames BuildHookFrames(double topHeight, double twist);
 
 }  // namespace lumagrid::detail
 

@@ -2,26 +2,12 @@
 
 #include <GL/gle.h>
 
-#include <cmath>
-
 #include "shapes/quadric/torus_geometry.h"
 #include "shapes/tube/helix_points.h"
 #include "shapes/tube/tube.h"
 
-namespace {
-
-// GLE sizes its buffers from the sweep without a bound: angles that are not finite, or a sweep
-// too long to sample, would have it ask for an absurd amount of memory. Within one turn the
-// samples number at most the host's own sides + 4, so only longer sweeps read the sides.
-bool Sweepable(double startAngle, double sweepAngle) {
-  if (!std::isfinite(startAngle) || !std::isfinite(sweepAngle)) {
-    return false;
-  }
-  return std::fabs(sweepAngle) <= 360.0 ||
-         lumagrid::detail::HelixPointCount(sweepAngle, gleGetNumSides()) != 0;
-}
-
-}  // namespace
+static_assert(lumagrid::detail::kTorusJoinStyle == (TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE),
+              "the ring's join style");
 
 CGLTorus::CGLTorus() : CGLTorus(0.1, 1.0, 0.0, 360.0) {}
 
@@ -57,9 +43,9 @@ double CGLTorus::sweepAngle() {
 long CGLTorus::DisplayListMake() {
   return DisplayListCompile([&] {
     // Left in force afterwards: later GLE drawings inherit this style.
-    gleSetJoinStyle(TUBE_NORM_EDGE | TUBE_JN_CAP | TUBE_JN_ANGLE);
+    gleSetJoinStyle(lumagrid::detail::kTorusJoinStyle);
     // A ring that cannot be sampled leaves the list empty.
-    if (Sweepable(m_dStartAngle, m_dSweepAngle)) {
+    if (lumagrid::detail::TorusSweepable(m_dStartAngle, m_dSweepAngle, gleGetNumSides)) {
       // Solid or wireframe, as the last spring drawn left the tubes.
       lumagrid::detail::gl::TubeToroid(lumagrid::detail::BuildTorusRing(
           m_dInnerRadius, m_dOuterRadius, m_dStartAngle, m_dSweepAngle));

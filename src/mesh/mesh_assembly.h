@@ -1,0 +1,50 @@
+#ifndef LUMAGRID_SRC_MESH_MESH_ASSEMBLY_H
+#define LUMAGRID_SRC_MESH_MESH_ASSEMBLY_H
+
+#include <lumagrid/Mesh.h>
+
+#include <vector>
+
+#include "mesh/affine.h"
+#include "shapes/geometry/path_point.h"
+
+namespace lumagrid::detail {
+
+// Gathers a shape's mesh as its list would be drawn: pieces arrive in the frame of the GL
+// matrix calls made so far, as GL would receive them. The result holds at most one
+// triangle part and one line part.
+class MeshAssembly {
+ public:
+  MeshAssembly();
+
+  // The matrix calls a list makes, with glPushMatrix/glPopMatrix's stack (a pop with
+  // nothing pushed is ignored, as GL ignores it with an error).
+  void Push();
+  void Pop();
+  void Translate(double x, double y, double z);
+  void Rotate(double degrees, double x, double y, double z);
+  void MultMatrix(const double* glOrder);
+
+  // A triangle part or a line part, through the current matrix.
+  void Add(const MeshPart& part);
+  // A piece of another mesh, through the current matrix.
+  void Add(const Mesh& mesh);
+  // GL_LINE_STRIP and GL_LINES over the points.
+  void AddLineStrip(const std::vector<PathPoint>& points);
+  void AddLines(const std::vector<PathPoint>& points);
+  // A convex GL_POLYGON with one normal, as a fan from its first point.
+  void AddPolygon(const std::vector<PathPoint>& outline, const PathPoint& normal);
+
+  Mesh Take();
+
+ private:
+  MeshPart& PartFor(Primitive primitive);
+  std::uint32_t AddVertex(MeshPart& part, const vec3d& position, const vec3d& normal);
+
+  std::vector<Affine> stack_;
+  Mesh mesh_;
+};
+
+}  // namespace lumagrid::detail
+
+#endif

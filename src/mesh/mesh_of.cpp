@@ -1,0 +1,133 @@
+#include <lumagrid/CGLAxis.h>
+#include <lumagrid/CGLCone.h>
+#include <lumagrid/Mesh.h>
+
+#include <typeinfo>
+#include <vector>
+
+#include "mesh/mesh_assembly.h"
+#include "mesh/shape_fields.h"
+#include "mesh/shape_meshes.h"
+#include "shapes/path/belt_outline.h"
+#include "shapes/quadric/CGLCube.h"
+#include "shapes/quadric/torus_geometry.h"
+
+namespace lumagrid {
+
+namespace detail {
+
+namespace {
+
+using Path = std::vector<const CGLObject*>;
+
+void AddShape(MeshAssembly& mesh, CGLObject& shape, Path& groups);
+
+// Members through their own matrices; a group met again inside itself adds nothing, where
+// drawing it would never end.
+void AddGroup(MeshAssembly& mesh, const CGLGroup& group, Path& groups) {
+  for (const CGLObject* open : groups) {
+    if (open == &group) {
+      return;
+    }
+  }
+  groups.push_back(&group);
+  for (CGLObject* member : GroupFields::arrObjects(group)) {
+    if (member == nullptr || !ObjectFields::bVisible(*member)) {
+      continue;
+    }
+    mesh.Push();
+    mesh.MultMatrix(ObjectFields::matrix(*member));
+    AddShape(mesh, *member, groups);
+    mesh.Pop();
+  }
+  groups.pop_back();
+}
+
+void AddPolyline(MeshAssembly& mesh, const CGLPolyline& polyline) {
+  std::vector<PathPoint> points;
+  for (const CGLPoint* p : PolylineFields::aVertex(polyline)) {
+    points.push_back({p->X(), p->Y(), p->Z()});
+  }
+  mesh.AddLineStrip(points);
+}
+
+void AddBelt(MeshAssembly& mesh, const CGLBelt& belt) {
+  mesh.AddLineStrip(BuildBeltOutline(BeltFields::dRadius1(belt), BeltFields::dRadius2(belt),
+                                     BeltFields::dEntraxe(belt), BeltFields::nQuality(belt),
+                                     BeltFields::nBType(belt)));
+}
+
+void AddTorus(MeshAssembly& mesh, const CGLTorus& torus) {
+  const TubeSettings settings = CurrentTubeSettings();
+  const double start = TorusFields::dStartAngle(torus);
+  const double sweep = TorusFields::dSweepAngle(torus);
+  if (TorusSweepable(start, sweep, [&] { return settings.sides; })) {
+    AddToroid(mesh,
+              BuildTorusRing(TorusFields::dInnerRadius(torus), TorusFields::dOuterRadius(torus),
+                             start, sweep),
+              kTorusJoinStyle, settings);
+  }
+}
+
+void AddSpringShape(MeshAssembly& mesh, const CGLSpring& spring) {
+  const SpringCoil coil{SpringFields::dWireRadius(spring), SpringFields::dRadius(spring),
+                        SpringFields::dLength(spring),     SpringFields::nTurns(spring),
+                        SpringFields::dStartAngle(spring), SpringFields::nQuality(spring)};
+  AddSpring(mesh, coil, SpringFields::nType(spring), SpringFields::nType2(spring),
+            SpringFields::bShaded(spring) != 0);
+}
+
+void AddArrowShape(MeshAssembly& mesh, const CGLArrow& arrow) {
+  AddArrow(mesh,
+           BuildArrowGeometry(ArrowFields::dLength(arrow), ArrowFields::dRadius(arrow),
+                              ArrowFields::bLite(arrow), ArrowFields::nArrowNum(arrow),
+                              ArrowFields::dFracLength(arrow), ArrowFields::dFracRadius(arrow),
+                              ObjectFields::nSlices(arrow), ObjectFields::nStacks(arrow)));
+}
+
+void AddCylinderShape(MeshAssembly& mesh, const CGLCylinder& cylinder) {
+  AddCylinder(mesh, BuildCylinderGeometry(
+                        CylinderFields::dBaseRadius(cylinder), CylinderFields::dTopRadius(cylinder),
+                        CylinderFields::dHeight(cylinder), CylinderFields::bClosed(cylinder),
+                        ObjectFields::nSlices(cylinder), ObjectFields::nStacks(cylinder)));
+}
+
+// Only the library's own classes: a host's subclass may draw anything in its list.
+void AddShape(MeshAssembly& mesh, CGLObject& shape, Path& groups) {
+  const std::type_info& type = typeid(shape);
+  if (type == typeid(CGLSphere)) {
+    const auto& sphere = static_cast<const CGLSphere&>(shape);
+    AddSphere(mesh, BuildSphereGeometry(sphere.Radius(), ObjectFields::nSlices(sphere),
+                                        ObjectFields::nStacks(sphere)));
+  } else if (type == typeid(CGLCylinder) || type == typeid(CGLCone)) {
+    AddCylinderShape(mesh, static_cast<const CGLCylinder&>(shape));
+  } else if (type == typeid(CGLArrow)) {
+    AddArrowShape(mesh, static_cast<const CGLArrow&>(shape));
+  } else if (type == typeid(CGLTorus)) {
+    AddTorus(mesh, static_cast<const CGLTorus&>(shape));
+  } else if (type == typeid(CGLBox) || type == typeid(CGLCube)) {
+    const auto& box = static_cast<const CGLBox&>(shape);
+    AddBox(mesh, BoxFields::dSizeX(box), BoxFields::dSizeY(box), BoxFields::dSizeZ(box));
+  } else if (type == typeid(CGLGroup) || type == typeid(CGLAxis)) {
+    AddGroup(mesh, static_cast<const CGLGroup&>(shape), groups);
+  } else if (type == typeid(CGLPolyline)) {
+    AddPolyline(mesh, static_cast<const CGLPolyline&>(shape));
+  } else if (type == typeid(CGLBelt)) {
+    AddBelt(mesh, static_cast<const CGLBelt&>(shape));
+  } else if (type == typeid(CGLSpring)) {
+    AddSpringShape(mesh, static_cast<const CGLSpring&>(shape));
+  }
+}
+
+}  // namespace
+
+}  // namespace detail
+
+Mesh MeshOf(CGLObject& shape) {
+  detail::MeshAssembly mesh;
+  std::vector<const CGLObject*> groups;
+  detail::AddShape(mesh, shape, groups);
+  return mesh.Take();
+}
+
+}  // namespace lumagrid
