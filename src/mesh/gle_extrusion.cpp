@@ -173,13 +173,9 @@ MeshPart ExtrudeRoundTube(const std::vector<PathPoint>& given, const PathPoint& 
   const std::size_t count = static_cast<std::size_t>(sides);
   const Circle circle(count);
 
-  // The circle's normal at side k on segment j.
-  const auto around = [&](std::size_t j, std::size_t k) {
-    return circle.Around(Cross(d[j], y[j]), y[j], k);
-  };
-  // The normal GL gets at side k where segment j meets point i (j or j + 1).
-  const auto normalAt = [&](std::size_t j, std::size_t i, std::size_t k) {
-    const PathPoint own = around(j, k);
+  // The normal GL gets where segment j meets point i (j or j + 1), for the circle's own
+  // normal `own` there.
+  const auto normalAt = [&](std::size_t j, std::size_t i, const PathPoint& own) {
     if (normals != GleNormals::Cut) {
       return own;
     }
@@ -201,11 +197,12 @@ MeshPart ExtrudeRoundTube(const std::vector<PathPoint>& given, const PathPoint& 
   last.reserve(farCap ? count : 0);
   for (std::size_t j = 1; j + 2 < n; ++j) {
     const std::size_t base = part.vertices.size();
+    const PathPoint x = Cross(d[j], y[j]);
     for (std::size_t k = 0; k < count; ++k) {
-      const PathPoint a = around(j, k);
+      const PathPoint a = circle.Around(x, y[j], k);
       for (const std::size_t i : {j, j + 1}) {
         const PathPoint p = OntoPlane(Add(path[i], Mul(a, radius)), d[j], path[i], cut[i]);
-        part.vertices.push_back({ToVec(p), ToVec(normalAt(j, i, k))});
+        part.vertices.push_back({ToVec(p), ToVec(normalAt(j, i, a))});
         if (caps && i == 1) {
           first.push_back(p);
         }
