@@ -30,8 +30,9 @@ GleNormals SpiralNormals(int joinStyle);
 bool CapsEnds(int joinStyle);
 
 // A circle of `radius` and `sides` sides swept along `path` as GLE extrudes it with mitred
-// joints: the first and last points only aim the end cuts; the circle's first side starts
-// square to the first direction, on the side of `up`, and is carried along without twist.
+// joints: the first and last points only aim the end cuts. The circle's y axis is `up` made
+// square to the first (undrawn) segment, carried from segment to segment without twist; side
+// k lies at 2 pi k / sides from d x y towards y, d being the segment's direction.
 // Inner points within 2e-6 of their distance from the origin of the point before them are
 // dropped first, as GLE drops them (GLE then leaves the far cap off if the point before
 // the last went). Each segment is a strip of two triangles per side, counter-clockwise
