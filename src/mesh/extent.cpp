@@ -84,12 +84,36 @@ Bounds Carried(const Bounds& box, const Affine& world) {
   if (box.empty) {
     return out;
   }
-  for (int corner = 0; corner < 8; ++corner) {
-    const vec3d p((corner & 1) ? box.max.x() : box.min.x(),
-                  (corner & 2) ? box.max.y() : box.min.y(),
-                  (corner & 4) ? box.max.z() : box.min.z());
-    Include(out, TransformedPoint(world, p));
+  const std::array<double, 16>& m = world.e;
+  const bool affine = m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] == 1.0;
+  if (!affine) {
+    for (int corner = 0; corner < 8; ++corner) {
+      const vec3d p((corner & 1) ? box.max.x() : box.min.x(),
+                    (corner & 2) ? box.max.y() : box.min.y(),
+                    (corner & 4) ? box.max.z() : box.min.z());
+      Include(out, TransformedPoint(world, p));
+    }
+    return out;
   }
+  // The centre carried, and the half sizes through the matrix's magnitudes: the box around
+  // the carried box, without its eight corners.
+  double centre[3];
+  double half[3];
+  for (int i = 0; i < 3; ++i) {
+    centre[i] = (box.min[i] + box.max[i]) * 0.5;
+    half[i] = (box.max[i] - box.min[i]) * 0.5;
+  }
+  for (std::size_t row = 0; row < 3; ++row) {
+    double c = m[12 + row];
+    double h = 0.0;
+    for (std::size_t column = 0; column < 3; ++column) {
+      c += m[column * 4 + row] * centre[column];
+      h += std::fabs(m[column * 4 + row]) * half[column];
+    }
+    out.min[static_cast<int>(row)] = c - h;
+    out.max[static_cast<int>(row)] = c + h;
+  }
+  out.empty = false;
   return out;
 }
 

@@ -23,7 +23,39 @@ bool Finite(const Bounds& b) {
 
 struct Candidate {
   double enter;
-  const detail::SceneLeaf* leaf;
+  detail::SceneLeaf leaf;
+};
+
+// The shown leaves whose boxes the ray enters, kept with where it enters them.
+class BoxFilter final : public detail::SceneLeafVisitor {
+ public:
+  BoxFilter(const detail::Ray& ray, double tolerance, std::vector<Candidate>& out)
+      : ray_(ray), tolerance_(tolerance), out_(out) {}
+
+  void Visit(const detail::SceneLeaf& leaf) override {
+    if (!leaf.shown) {
+      return;
+    }
+    const Bounds local = detail::ExtentOf(*leaf.shape);
+    if (!Finite(local)) {
+      out_.push_back({0.0, leaf});
+      return;
+    }
+    const Bounds world = detail::Carried(local, leaf.world);
+    // A hair more than the tolerance, so that rounding never loses a triangle on the box.
+    const double pad = tolerance_ + 1e-9 * (std::fabs(world.max.x() - world.min.x()) +
+                                            std::fabs(world.max.y() - world.min.y()) +
+                                            std::fabs(world.max.z() - world.min.z()));
+    const double enter = detail::EntersBox(ray_, world, pad);
+    if (enter >= 0.0) {
+      out_.push_back({enter, leaf});
+    }
+  }
+
+ private:
+  const detail::Ray& ray_;
+  double tolerance_;
+  std::vector<Candidate>& out_;
 };
 
 // The nearest crossing of the leaf's mesh nearer than `best`, in world units of t.
@@ -66,24 +98,11 @@ bool Pick(CGLScene& scene, const vec3d& origin, const vec3d& direction, Hit& hit
     return false;
   }
   const detail::Ray ray{origin, direction};
-  const std::vector<detail::SceneLeaf> leaves = detail::SceneLeaves(scene);
 
   // Boxes first, nearest first: a shape whose box starts beyond the best hit is never meshed.
   std::vector<Candidate> candidates;
-  for (const detail::SceneLeaf& leaf : leaves) {
-    if (!leaf.shown) {
-      continue;
-    }
-    const Bounds local = detail::ExtentOf(*leaf.shape);
-    if (!Finite(local)) {
-      candidates.push_back({0.0, &leaf});
-      continue;
-    }
-    const double enter = detail::EntersBox(ray, detail::Carried(local, leaf.world), lineTolerance);
-    if (enter >= 0.0) {
-      candidates.push_back({enter, &leaf});
-    }
-  }
+  BoxFilter filter(ray, lineTolerance, candidates);
+  detail::VisitSceneLeaves(scene, filter);
   std::stable_sort(candidates.begin(), candidates.end(),
                    [](const Candidate& a, const Candidate& b) { return a.enter < b.enter; });
 
@@ -93,10 +112,10 @@ bool Pick(CGLScene& scene, const vec3d& origin, const vec3d& direction, Hit& hit
     if (c.enter > best) {
       break;
     }
-    const double t = NearestOnMesh(ray, *c.leaf, lineTolerance, best);
+    const double t = NearestOnMesh(ray, c.leaf, lineTolerance, best);
     if (t < best) {
       best = t;
-      found = c.leaf;
+      found = &c.leaf;
     }
   }
   if (found == nullptr) {

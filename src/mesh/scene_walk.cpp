@@ -13,15 +13,20 @@ namespace {
 
 class Walk {
  public:
-  explicit Walk(std::vector<SceneLeaf>& leaves) : leaves_(leaves) {}
+  explicit Walk(SceneLeafVisitor& visitor) : visitor_(visitor) {}
 
-  void Visit(CGLObject* shape, const Affine& parent, bool parentShown) {
-    const Affine world = Multiplied(parent, AffineFrom(ObjectFields::matrix(*shape)));
+  // The scene's own shapes: their matrices are their world.
+  void VisitTop(CGLObject* shape, bool sceneShown) {
+    Visit(shape, AffineFrom(ObjectFields::matrix(*shape)), sceneShown);
+  }
+
+ private:
+  void Visit(CGLObject* shape, const Affine& world, bool parentShown) {
     const bool shown = parentShown && ObjectFields::bVisible(*shape);
     // The scene expands only the library's groups, as MeshOf does.
     const std::type_info& type = typeid(*shape);
     if (type != typeid(CGLGroup) && type != typeid(CGLAxis)) {
-      leaves_.push_back(SceneLeaf{shape, world, shown});
+      visitor_.Visit(SceneLeaf{shape, world, shown});
       return;
     }
     for (const CGLObject* open : open_) {
@@ -32,32 +37,45 @@ class Walk {
     open_.push_back(shape);
     for (CGLObject* member : GroupFields::arrObjects(static_cast<const CGLGroup&>(*shape))) {
       if (member != nullptr) {
-        Visit(member, world, shown);
+        Visit(member, Multiplied(world, AffineFrom(ObjectFields::matrix(*member))), shown);
       }
     }
     open_.pop_back();
   }
 
+  SceneLeafVisitor& visitor_;
+  std::vector<const CGLObject*> open_;
+};
+
+class Keep final : public SceneLeafVisitor {
+ public:
+  explicit Keep(std::vector<SceneLeaf>& leaves) : leaves_(leaves) {}
+  void Visit(const SceneLeaf& leaf) override { leaves_.push_back(leaf); }
+
  private:
   std::vector<SceneLeaf>& leaves_;
-  std::vector<const CGLObject*> open_;
 };
 
 }  // namespace
 
-std::vector<SceneLeaf> SceneLeaves(CGLScene& scene) {
-  std::vector<SceneLeaf> leaves;
+void VisitSceneLeaves(CGLScene& scene, SceneLeafVisitor& visitor) {
   const CGLShapeMap* shapes = SceneFields::mapShapes(scene);
   if (shapes == nullptr) {
-    return leaves;
+    return;
   }
   const bool sceneShown = SceneFields::bShowShapes(scene) != 0;
-  Walk walk(leaves);
+  Walk walk(visitor);
   shapes->ForEach([&](CGLObject* shape) {
     if (shape != nullptr) {
-      walk.Visit(shape, IdentityAffine(), sceneShown);
+      walk.VisitTop(shape, sceneShown);
     }
   });
+}
+
+std::vector<SceneLeaf> SceneLeaves(CGLScene& scene) {
+  std::vector<SceneLeaf> leaves;
+  Keep keep(leaves);
+  VisitSceneLeaves(scene, keep);
   return leaves;
 }
 

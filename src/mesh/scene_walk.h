@@ -18,8 +18,18 @@ struct SceneLeaf {
   bool shown;
 };
 
-// The scene's leaves in drawing order, groups expanded recursively; a group met again inside
-// itself is not entered a second time.
+// Calls `visit` for each leaf of the scene in drawing order, groups expanded recursively; a
+// group met again inside itself is not entered a second time. The leaf lives for the call.
+class SceneLeafVisitor {
+ public:
+  virtual void Visit(const SceneLeaf& leaf) = 0;
+
+ protected:
+  ~SceneLeafVisitor() = default;
+};
+void VisitSceneLeaves(CGLScene& scene, SceneLeafVisitor& visitor);
+
+// The leaves, kept.
 std::vector<SceneLeaf> SceneLeaves(CGLScene& scene);
 
 }  // namespace lumagrid::detail
