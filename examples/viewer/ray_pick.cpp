@@ -136,8 +136,13 @@ double zoomToHold(const Camera& camera, const lumagrid::Bounds& box) {
   if (box.empty) {
     return 1.0;
   }
-  // The zoom scales the picture about its centre: the corner farthest out sets it. A corner
-  // less than half a pixel out changes no pixel.
+  // Each corner is taken across to the plane through the world's centre that faces the camera,
+  // where the gallery's view is exact: a corner nearer the camera than the shapes in it would
+  // otherwise swell under perspective, and a box around shapes standing out of that plane at
+  // the picture's edges has such corners far from any shape. The zoom scales the picture about
+  // its centre, so the corner farthest out sets it; less than half a pixel out changes no pixel.
+  const double* m = camera.modelview;
+  const double identity[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
   const double halfWidth = camera.viewport[2] / 2.0;
   const double halfHeight = camera.viewport[3] / 2.0;
   double reach = 1.0;
@@ -145,8 +150,10 @@ double zoomToHold(const Camera& camera, const lumagrid::Bounds& box) {
     const double x = (corner & 1) != 0 ? box.max.x() : box.min.x();
     const double y = (corner & 2) != 0 ? box.max.y() : box.min.y();
     const double z = (corner & 4) != 0 ? box.max.z() : box.min.z();
+    const double eyeX = m[0] * x + m[4] * y + m[8] * z + m[12];
+    const double eyeY = m[1] * x + m[5] * y + m[9] * z + m[13];
     double w[3];
-    if (gluProject(x, y, z, camera.modelview, camera.projection, camera.viewport, &w[0], &w[1],
+    if (gluProject(eyeX, eyeY, m[14], identity, camera.projection, camera.viewport, &w[0], &w[1],
                    &w[2]) != GL_TRUE) {
       continue;
     }

@@ -47,8 +47,9 @@ std::optional<std::size_t> rayPickAt(const gallery::GalleryScene& scene,
 // The box around every visible shape of every layer of scene.
 lumagrid::Bounds sceneBounds(const gallery::GalleryScene& scene);
 
-// The zoom, at most 1, at which the camera's picture holds all of box: 1 when it already does
-// to half a pixel, less when the box reaches farther. The camera is taken at zoom 1.
+// The zoom, at most 1, at which the camera's picture holds box's extent across the view, in the
+// plane through the world's centre that faces the camera: 1 when it already does to half a pixel,
+// less when the box reaches farther. The camera is taken at zoom 1.
 double zoomToHold(const Camera& camera, const lumagrid::Bounds& box);
 
 }  // namespace viewer

@@ -151,12 +151,19 @@ TEST_F(RayPickRender, AHiddenShapeIsNotPicked) {
   EXPECT_EQ(nameOf(byRay(centre)), "nothing");
 }
 
-// The gallery fills its view: framing its bounds keeps the view, and a shape moved out of it
-// makes the camera step back until the shape is in.
+// The gallery fills its view at any window shape: framing its bounds keeps the view, and a shape
+// moved out of it makes the camera step back until the shape is in.
 TEST_F(RayPickRender, FramingKeepsTheGalleryViewUnlessAShapeLeavesIt) {
+  for (const Pixel size : {Pixel{kWidth, kHeight}, Pixel{960, 800}, Pixel{800, 600},
+                           Pixel{1920, 1080}, Pixel{1000, 1600}}) {
+    const gallery::Layout layout(gallery::catalog().size(), size.x, size.y);
+    gallery::GalleryScene scene(entries_, layout);
+    gallery::setUpView(layout, gallery::Orbit());
+    const viewer::Camera home = viewer::currentCamera();
+    EXPECT_EQ(viewer::zoomToHold(home, viewer::sceneBounds(scene)), 1.0) << size.x << "x" << size.y;
+  }
   gallery::setUpView(layout_, gallery::Orbit());
   const viewer::Camera home = viewer::currentCamera();
-  EXPECT_EQ(viewer::zoomToHold(home, viewer::sceneBounds(*scene_)), 1.0);
   CGLObject& first = *scene_->items().front().shape;
   first.Move(3.0 * layout_.worldWidth(), 0.0, 0.0);
   const double zoom = viewer::zoomToHold(home, viewer::sceneBounds(*scene_));
