@@ -4,10 +4,12 @@
 #include <lumagrid/CGLColor.h>
 #include <lumagrid/CGLGroup.h>
 #include <lumagrid/CGLPoint.h>
+#include <lumagrid/SceneQuery.h>
 #include <lumagrid/testing/GLRecorder.h>
 
 #include "scene/shapes.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <set>
@@ -108,9 +110,35 @@ void SceneOperations::Step(int op) {
       // As after a lost context: the shapes find their lists gone.
       glrecorder::recorder().forgetAllLists();
       break;
+    case kQuery:
+      Query();
+      break;
     default:
       break;
   }
+}
+
+// ------------------------------------------------------------ queries
+
+// The mesh layer's scene queries only read: no GL call, no shape changed, and a pick names a
+// leaf of the scene at a distance ahead of the ray's origin.
+void SceneOperations::Query() {
+  glrecorder::recorder().clearCalls();
+  const std::vector<lumagrid::SceneItem> items = lumagrid::SceneItems(*m_scene);
+  static_cast<void>(lumagrid::BoundsOf(*m_scene));
+  const vec3d origin(m_in.Number(), m_in.Number(), m_in.Number());
+  const vec3d direction(m_in.Number(), m_in.Number(), m_in.Number());
+  const double tolerance = m_in.Number();
+  lumagrid::Hit hit{nullptr, -1.0, vec3d()};
+  if (lumagrid::Pick(*m_scene, origin, direction, hit, tolerance)) {
+    FUZZ_CHECK(std::any_of(items.begin(), items.end(), [&](const lumagrid::SceneItem& item) {
+      return item.shape == hit.shape;
+    }));
+    FUZZ_CHECK(hit.distance >= 0.0);
+  } else {
+    FUZZ_CHECK(hit.shape == nullptr && hit.distance == -1.0);
+  }
+  FUZZ_CHECK(glrecorder::recorder().calls().empty());
 }
 
 // ------------------------------------------------------------ picking

@@ -38,6 +38,7 @@ enum Op : int {
   kNullRoundTrip,
   kTessellation,
   kForgetLists,
+  kQuery,
   kOpCount
 };
 
@@ -71,6 +72,7 @@ class SceneOperations {
   void Flags();
   void ArrowSetters();
   void NullRoundTrip();
+  void Query();
   void Finish();
 
   // Runs f, which must destroy exactly `expected`, and forgets them.

@@ -16,17 +16,20 @@ namespace lumagrid {
 /// A vertex of a mesh part: a position and, for triangle parts, the unit normal GL receives
 /// there. The normal is zero in line parts.
 struct MeshVertex {
-  vec3d position;
-  vec3d normal;
+  vec3d position;  ///< In the frame of the mesh.
+  vec3d normal;    ///< Unit length in triangle parts; zero in line parts.
 };
 
 /// What a mesh part's indices make.
-enum class Primitive { Triangles, Lines };
+enum class Primitive {
+  Triangles,  ///< Three indices each.
+  Lines       ///< Two indices each.
+};
 
 /// One run of primitives of a kind.
 struct MeshPart {
-  Primitive primitive = Primitive::Triangles;
-  std::vector<MeshVertex> vertices;
+  Primitive primitive = Primitive::Triangles;  ///< What the indices make.
+  std::vector<MeshVertex> vertices;            ///< What the indices index.
   /// Three per triangle, counter-clockwise seen from the side GL takes as the front; two per
   /// line segment.
   std::vector<std::uint32_t> indices;
@@ -34,6 +37,7 @@ struct MeshPart {
 
 /// A shape's geometry, part by part.
 struct Mesh {
+  /// At most one triangle part and one line part, in the order they are first drawn.
   std::vector<MeshPart> parts;
 };
 

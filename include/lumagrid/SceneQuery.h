@@ -16,6 +16,7 @@ namespace lumagrid {
 
 /// A leaf shape of a scene and the matrix that takes its own frame to the scene's.
 struct SceneItem {
+  /// The shape, never a group; owned by the scene or its group.
   CGLObject* shape;
   /// The enclosing groups' matrices, outermost first, then the shape's own.
   mat4x4 world;
@@ -30,9 +31,9 @@ LUMAGRID_API std::vector<SceneItem> SceneItems(CGLScene& scene);
 
 /// An axis-aligned box. `empty` when nothing lies in it; `min` and `max` are then zero.
 struct Bounds {
-  vec3d min;
-  vec3d max;
-  bool empty = true;
+  vec3d min;          ///< The smallest x, y and z.
+  vec3d max;          ///< The largest x, y and z.
+  bool empty = true;  ///< Nothing lies in the box.
 };
 
 /// The box around MeshOf(shape), in the shape's own frame.

@@ -3,10 +3,10 @@
 
 /// @file
 /// Everything Lumagrid exports: the math toolkit, the object model and rendering core, the
-/// quadric and path shapes, and the start-up functions.
+/// quadric and path shapes, the mesh layer, and the start-up functions.
 ///
-/// All classes live in the global namespace. Include this, or `<lumagrid/ClassName.h>` for
-/// one class.
+/// The classes live in the global namespace, the mesh layer in namespace lumagrid. Include
+/// this, or `<lumagrid/ClassName.h>` for one class.
 
 // Math toolkit
 #include <lumagrid/vec3d.h>
@@ -37,6 +37,10 @@
 #include <lumagrid/CGLPolyline.h>
 #include <lumagrid/CGLBelt.h>
 #include <lumagrid/CGLSpring.h>
+
+// Meshes, bounds and picking
+#include <lumagrid/Mesh.h>
+#include <lumagrid/SceneQuery.h>
 
 // Start-up
 #include <lumagrid/lumagrid_module.h>

@@ -3,6 +3,7 @@
 #include <GL/gle.h>
 #include <gtest/gtest.h>
 #include <lumagrid/Mesh.h>
+#include <lumagrid/SceneQuery.h>
 #include <lumagrid/lumagrid.h>
 
 #include <memory>
@@ -14,6 +15,7 @@
 #include "gallery_shapes.h"
 #include "geometry/GLCapture.h"
 #include "geometry/MeshAgreement.h"
+#include "mesh/extent.h"
 #include "mesh/mesh_assembly.h"
 #include "mesh/shape_fields.h"
 
@@ -45,6 +47,33 @@ TEST_P(GalleryCell, EveryShapeIsWhatGLReceives) {
   ASSERT_LT(entry, gallery::catalog().size());
   for (const gallery::PlacedShape& placed : gallery::buildShapes(entry, {0.0, 0.0}, 1.0)) {
     EXPECT_TRUE(AgreesWhenDrawn(*placed.shape)) << GetParam();
+  }
+}
+
+// Picking passes shapes by a box worked out from their parameters: it must hold the mesh.
+TEST_P(GalleryCell, ThePickingBoxHoldsTheMesh) {
+  const std::size_t entry = gallery::findEntry(GetParam());
+  ASSERT_LT(entry, gallery::catalog().size());
+  for (const gallery::PlacedShape& placed : gallery::buildShapes(entry, {0.0, 0.0}, 1.0)) {
+    CGLObject& shape = *placed.shape;
+    std::vector<CGLObject*> shapes;
+    if (auto* group = dynamic_cast<CGLGroup*>(&shape)) {
+      for (CGLObject* member : lumagrid::detail::GroupFields::arrObjects(*group)) {
+        shapes.push_back(member);
+      }
+    } else {
+      shapes.push_back(&shape);
+    }
+    for (CGLObject* leaf : shapes) {
+      const lumagrid::Bounds box = lumagrid::detail::ExtentOf(*leaf);
+      const lumagrid::Bounds mesh = lumagrid::BoundsOf(*leaf);
+      ASSERT_FALSE(box.empty);
+      ASSERT_FALSE(mesh.empty);
+      for (int i = 0; i < 3; ++i) {
+        EXPECT_LE(box.min[i], mesh.min[i]) << GetParam() << " axis " << i;
+        EXPECT_GE(box.max[i], mesh.max[i]) << GetParam() << " axis " << i;
+      }
+    }
   }
 }
 
