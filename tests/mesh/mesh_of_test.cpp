@@ -136,8 +136,9 @@ TEST_F(MeshOfShape, ALiteArrowsShaftIsOneSegmentEndingInFloat) {
   ASSERT_EQ(Segments(mesh), 1u);
   const lumagrid::MeshPart* lines = nullptr;
   for (const MeshPart& part : mesh.parts) {
-    if (part.primitive == Primitive::Lines)
+    if (part.primitive == Primitive::Lines) {
       lines = &part;
+    }
   }
   ASSERT_NE(lines, nullptr);
   EXPECT_EQ(lines->vertices[1].position.z(), static_cast<double>(0.7f));

@@ -105,8 +105,9 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
   const std::size_t n = v.size();
   switch (mode) {
     case GL_TRIANGLES:
-      for (std::size_t i = 0; i + 2 < n; i += 3)
+      for (std::size_t i = 0; i + 2 < n; i += 3) {
         Triangle(v[i], v[i + 1], v[i + 2]);
+      }
       break;
     case GL_TRIANGLE_STRIP:
       for (std::size_t i = 2; i < n; ++i) {
@@ -119,8 +120,9 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
       break;
     case GL_TRIANGLE_FAN:
     case GL_POLYGON:
-      for (std::size_t i = 2; i < n; ++i)
+      for (std::size_t i = 2; i < n; ++i) {
         Triangle(v[0], v[i - 1], v[i]);
+      }
       break;
     case GL_QUADS:
       for (std::size_t i = 0; i + 3 < n; i += 4) {
@@ -135,18 +137,22 @@ void Expand(GLenum mode, const std::vector<Vertex>& v) {
       }
       break;
     case GL_LINES:
-      for (std::size_t i = 0; i + 1 < n; i += 2)
+      for (std::size_t i = 0; i + 1 < n; i += 2) {
         Segment(v[i], v[i + 1]);
+      }
       break;
     case GL_LINE_STRIP:
-      for (std::size_t i = 1; i < n; ++i)
+      for (std::size_t i = 1; i < n; ++i) {
         Segment(v[i - 1], v[i]);
+      }
       break;
     case GL_LINE_LOOP:
-      for (std::size_t i = 1; i < n; ++i)
+      for (std::size_t i = 1; i < n; ++i) {
         Segment(v[i - 1], v[i]);
-      if (n > 1)
+      }
+      if (n > 1) {
         Segment(v[n - 1], v[0]);
+      }
       break;
     default:
       break;
@@ -202,8 +208,9 @@ void Execute(const Command& c) {
       break;
     case Command::Mult: {
       Matrix m{};
-      for (std::size_t i = 0; i < 16; ++i)
+      for (std::size_t i = 0; i < 16; ++i) {
         m[i] = c.values[i];
+      }
       s.stack.back() = Multiply(s.stack.back(), m);
       break;
     }
@@ -214,8 +221,9 @@ void Execute(const Command& c) {
       const auto it = s.lists.find(static_cast<GLuint>(c.values[0]));
       if (it != s.lists.end()) {
         const std::vector<Command> commands = it->second;
-        for (const Command& inner : commands)
+        for (const Command& inner : commands) {
           Execute(inner);
+        }
       }
       break;
     }
@@ -232,16 +240,18 @@ void Run3(Command::Kind kind, double x, double y, double z) {
 
 void RunMatrix(const Matrix& m) {
   Command c{Command::Mult, {}};
-  for (std::size_t i = 0; i < 16; ++i)
+  for (std::size_t i = 0; i < 16; ++i) {
     c.values[i] = m[i];
+  }
   Run(c);
 }
 
 Matrix Rotation(double degrees, double x, double y, double z) {
   const double length = std::sqrt(x * x + y * y + z * z);
   Matrix r = kIdentity;
-  if (length == 0.0)
+  if (length == 0.0) {
     return r;
+  }
   x /= length;
   y /= length;
   z /= length;
@@ -371,14 +381,16 @@ void glLoadIdentity() {
 }
 void glMultMatrixd(const GLdouble* m) {
   geometry::Matrix a{};
-  for (std::size_t i = 0; i < 16; ++i)
+  for (std::size_t i = 0; i < 16; ++i) {
     a[i] = m[i];
+  }
   geometry::RunMatrix(a);
 }
 void glMultMatrixf(const GLfloat* m) {
   geometry::Matrix a{};
-  for (std::size_t i = 0; i < 16; ++i)
+  for (std::size_t i = 0; i < 16; ++i) {
     a[i] = m[i];
+  }
   geometry::RunMatrix(a);
 }
 void glTranslated(GLdouble x, GLdouble y, GLdouble z) {
@@ -401,16 +413,18 @@ GLuint glGenLists(GLsizei range) {
   geometry::State& s = geometry::S();
   const GLuint first = s.nextList;
   s.nextList += static_cast<GLuint>(range);
-  for (GLuint i = first; i < s.nextList; ++i)
+  for (GLuint i = first; i < s.nextList; ++i) {
     s.lists[i];
+  }
   return first;
 }
 GLboolean glIsList(GLuint list) {
   return geometry::S().lists.count(list) != 0 ? GL_TRUE : GL_FALSE;
 }
 void glDeleteLists(GLuint list, GLsizei range) {
-  for (GLuint i = list; i < list + static_cast<GLuint>(range); ++i)
+  for (GLuint i = list; i < list + static_cast<GLuint>(range); ++i) {
     geometry::S().lists.erase(i);
+  }
 }
 void glNewList(GLuint list, GLenum mode) {
   geometry::State& s = geometry::S();

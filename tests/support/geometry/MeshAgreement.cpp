@@ -91,14 +91,16 @@ bool Sliver(const Tri& t, double tol) {
 void DropSlivers(Side& side, double tol) {
   std::vector<Tri> kept;
   for (const Tri& t : side.triangles) {
-    if (!Sliver(t, tol))
+    if (!Sliver(t, tol)) {
       kept.push_back(t);
+    }
   }
   side.triangles = kept;
   std::vector<Seg> segments;
   for (const Seg& s : side.segments) {
-    if (Length(Sub(s[1], s[0])) >= tol)
+    if (Length(Sub(s[1], s[0])) >= tol) {
       segments.push_back(s);
+    }
   }
   side.segments = segments;
 }
@@ -110,8 +112,9 @@ class Welded {
 
   int Add(const Point& p) {
     const int found = Find(p);
-    if (found >= 0)
+    if (found >= 0) {
       return found;
+    }
     points_.push_back(p);
     normals_.emplace_back();
     const int id = static_cast<int>(points_.size() - 1);
@@ -121,17 +124,21 @@ class Welded {
 
   int Find(const Point& p) const {
     const std::array<std::int64_t, 3> c = Cell(p);
-    for (std::int64_t dx = -1; dx <= 1; ++dx)
-      for (std::int64_t dy = -1; dy <= 1; ++dy)
+    for (std::int64_t dx = -1; dx <= 1; ++dx) {
+      for (std::int64_t dy = -1; dy <= 1; ++dy) {
         for (std::int64_t dz = -1; dz <= 1; ++dz) {
           const auto it = cells_.find(Key({c[0] + dx, c[1] + dy, c[2] + dz}));
-          if (it == cells_.end())
+          if (it == cells_.end()) {
             continue;
+          }
           for (const int id : it->second) {
-            if (Length(Sub(points_[static_cast<std::size_t>(id)], p)) <= tol_)
+            if (Length(Sub(points_[static_cast<std::size_t>(id)], p)) <= tol_) {
               return id;
+            }
           }
         }
+      }
+    }
     return -1;
   }
 
@@ -159,8 +166,9 @@ class Welded {
 double AngleDegrees(const Point& a, const Point& b) {
   const double la = Length(a);
   const double lb = Length(b);
-  if (la == 0.0 || lb == 0.0)
+  if (la == 0.0 || lb == 0.0) {
     return (la == 0.0 && lb == 0.0) ? 0.0 : 180.0;
+  }
   const double c = std::max(-1.0, std::min(1.0, Dot(a, b) / (la * lb)));
   return std::acos(c) * 180.0 / M_PI;
 }
@@ -169,25 +177,30 @@ using Key3 = std::tuple<int, int, int>;
 
 // The same triangle whatever vertex it starts from, keeping its winding.
 Key3 Oriented(int a, int b, int c) {
-  if (a <= b && a <= c)
+  if (a <= b && a <= c) {
     return {a, b, c};
-  if (b <= a && b <= c)
+  }
+  if (b <= a && b <= c) {
     return {b, c, a};
+  }
   return {c, a, b};
 }
 
 bool Contains(const Tri& t, const Point& q, double tol) {
   const Point n = Cross(Sub(t.p[1], t.p[0]), Sub(t.p[2], t.p[0]));
   const double area2 = Length(n);
-  if (area2 == 0.0)
+  if (area2 == 0.0) {
     return false;
-  if (std::fabs(Dot(Sub(q, t.p[0]), n)) / area2 > tol)
+  }
+  if (std::fabs(Dot(Sub(q, t.p[0]), n)) / area2 > tol) {
     return false;
+  }
   for (int i = 0; i < 3; ++i) {
     const Point& a = t.p[static_cast<std::size_t>(i)];
     const Point& b = t.p[static_cast<std::size_t>((i + 1) % 3)];
-    if (Dot(Cross(Sub(b, a), Sub(q, a)), n) / area2 < -tol * Length(Sub(b, a)))
+    if (Dot(Cross(Sub(b, a), Sub(q, a)), n) / area2 < -tol * Length(Sub(b, a))) {
       return false;
+    }
   }
   return true;
 }
@@ -208,12 +221,16 @@ class Comparison {
         hi[i] = std::max(hi[i], p[static_cast<std::size_t>(i)]);
       }
     };
-    for (const Tri& t : gl_.triangles)
-      for (const Point& p : t.p)
+    for (const Tri& t : gl_.triangles) {
+      for (const Point& p : t.p) {
         grow(p);
-    for (const Seg& s : gl_.segments)
-      for (const Point& p : s)
+      }
+    }
+    for (const Seg& s : gl_.segments) {
+      for (const Point& p : s) {
         grow(p);
+      }
+    }
     const double size =
         lo[0] <= hi[0] ? Length({hi[0] - lo[0], hi[1] - lo[1], hi[2] - lo[2]}) : 0.0;
     tol_ = 1e-6 * (size > 0.0 ? size : 1.0);
@@ -255,12 +272,14 @@ class Comparison {
   Welded Weld(const Side& side) const {
     Welded w(tol_);
     for (const Tri& t : side.triangles) {
-      for (std::size_t i = 0; i < 3; ++i)
+      for (std::size_t i = 0; i < 3; ++i) {
         w.NormalsAt(w.Add(t.p[i])).push_back(t.n[i]);
+      }
     }
     for (const Seg& s : side.segments) {
-      for (const Point& p : s)
+      for (const Point& p : s) {
         w.Add(p);
+      }
     }
     return w;
   }
@@ -277,8 +296,9 @@ class Comparison {
           continue;
         }
         double best = 180.0;
-        for (const Point& n : other.NormalsAt(id))
+        for (const Point& n : other.NormalsAt(id)) {
           best = std::min(best, AngleDegrees(t.n[i], n));
+        }
         worstAngle_ = std::max(worstAngle_, best);
         if (best > 0.5) {
           Fail() << a << " normal (" << t.n[i][0] << ", " << t.n[i][1] << ", " << t.n[i][2]
@@ -302,15 +322,18 @@ class Comparison {
     std::set<Key3> keys;
     for (const Tri& t : to.triangles) {
       const int i = ids.Find(t.p[0]), j = ids.Find(t.p[1]), k = ids.Find(t.p[2]);
-      if (i >= 0 && j >= 0 && k >= 0)
+      if (i >= 0 && j >= 0 && k >= 0) {
         keys.insert(Oriented(i, j, k));
+      }
     }
     for (const Tri& t : from.triangles) {
       const int i = ids.Find(t.p[0]), j = ids.Find(t.p[1]), k = ids.Find(t.p[2]);
-      if (i < 0 || j < 0 || k < 0)
+      if (i < 0 || j < 0 || k < 0) {
         continue;  // reported with the vertices
-      if (keys.count(Oriented(i, j, k)) != 0)
+      }
+      if (keys.count(Oriented(i, j, k)) != 0) {
         continue;
+      }
       if (keys.count(Oriented(i, k, j)) != 0) {
         Fail() << a << " triangle at (" << t.p[0][0] << ", " << t.p[0][1] << ", " << t.p[0][2]
                << ") winds against " << b << "'s\n";
@@ -342,8 +365,9 @@ class Comparison {
     }
     for (const Seg& s : from.segments) {
       const int i = ids.Find(s[0]), j = ids.Find(s[1]);
-      if (i < 0 || j < 0)
+      if (i < 0 || j < 0) {
         continue;
+      }
       if (keys.count({std::min(i, j), std::max(i, j)}) == 0) {
         Fail() << a << " segment from (" << s[0][0] << ", " << s[0][1] << ", " << s[0][2]
                << ") has no " << b << " segment between the same points\n";
