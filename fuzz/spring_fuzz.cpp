@@ -12,6 +12,7 @@
 // runs fast; the caps themselves are the builders' concern.
 
 #include <lumagrid/CGLSpring.h>
+#include <lumagrid/Mesh.h>
 
 #include "fuzz_input.h"
 #include "recorded_draw.h"
@@ -73,6 +74,11 @@ constexpr std::size_t kAllocCap =
     std::max(2 * lumagrid::detail::kMaxWireLines * sizeof(lumagrid::detail::WireVertex),
              2 * (lumagrid::detail::kMaxPathPoints + 32) * sizeof(lumagrid::detail::PathPoint));
 
+// A mesh's vertices for a tube at those caps: a few per line of the wireframe, with a
+// vector's growth.
+constexpr std::size_t kMeshAllocCap =
+    8 * lumagrid::detail::kMaxWireLines * sizeof(lumagrid::MeshVertex);
+
 // ------------------------------------------------------------ the spring
 
 enum Op : int {
@@ -86,6 +92,7 @@ enum Op : int {
   kDrawDirect,
   kDraw,
   kRebuild,
+  kMesh,
   kOpCount
 };
 
@@ -189,6 +196,9 @@ class SpringFuzzer {
       case kDraw:
         Drawn([&] { return m_spring->Draw(); });
         break;
+      case kMesh:
+        Meshed();
+        break;
       default:
         Rebuild();
         break;
@@ -215,6 +225,28 @@ class SpringFuzzer {
     FUZZ_CHECK(rec.compilingList() == 0);
     FUZZ_CHECK(rec.errors().empty());
     CheckSchematicCount(calls);
+  }
+
+  // The spring's mesh: no GL call, the list's mark left alone, indices in range, and no
+  // allocation beyond what a tube's vertices at the builders' caps need.
+  void Meshed() {
+    glrecorder::Recorder& rec = glrecorder::recorder();
+    rec.clearCalls();
+    const bool modified = m_spring->Modified();
+    g_largest = 0;
+    g_armed = true;
+    const lumagrid::Mesh mesh = lumagrid::MeshOf(*m_spring);
+    g_armed = false;
+    FUZZ_CHECK(g_largest <= kMeshAllocCap);
+    FUZZ_CHECK(rec.calls().empty());
+    FUZZ_CHECK(m_spring->Modified() == modified);
+    for (const lumagrid::MeshPart& part : mesh.parts) {
+      const std::size_t corners = part.primitive == lumagrid::Primitive::Triangles ? 3 : 2;
+      FUZZ_CHECK(part.indices.size() % corners == 0);
+      for (const std::uint32_t i : part.indices) {
+        FUZZ_CHECK(i < part.vertices.size());
+      }
+    }
   }
 
   // The compression schematic: optional end strokes and two vertices a

@@ -5,36 +5,11 @@
 
 #include "math/angles.h"
 #include "shapes/geometry/vector_algebra.h"
+#include "shapes/tube/tube_frames.h"
 
 namespace lumagrid::detail {
 
 namespace {
-
-// Scales v to unit length; false (v unchanged) when it has none.
-bool Unit(PathPoint& v) {
-  const double length = Length(v);
-  if (!(length > 0.0) || !std::isfinite(length)) {
-    return false;
-  }
-  v = Mul(v, 1.0 / length);
-  return true;
-}
-
-// A unit vector square to the unit vector d.
-PathPoint Perpendicular(const PathPoint& d) {
-  const double ax = std::fabs(d.x);
-  const double ay = std::fabs(d.y);
-  const double az = std::fabs(d.z);
-  PathPoint axis{0.0, 0.0, 1.0};
-  if (ax <= ay && ax <= az) {
-    axis = {1.0, 0.0, 0.0};
-  } else if (ay <= az) {
-    axis = {0.0, 1.0, 0.0};
-  }
-  PathPoint u = Sub(axis, Mul(d, Dot(axis, d)));
-  Unit(u);
-  return u;
-}
 
 bool LinesFit(std::size_t rings, int sides) {
   if (sides < 1 || rings < 2) {
@@ -55,60 +30,6 @@ WireCap Cap(std::vector<PathPoint> outline, const PathPoint& normal) {
   return {std::move(outline), normal};
 }
 
-// Unit directions of the path's segments; a segment of no length takes the
-// direction of its neighbour. Empty when no segment has a length.
-std::vector<PathPoint> Directions(const std::vector<PathPoint>& path) {
-  std::vector<PathPoint> d(path.size() - 1, PathPoint{0.0, 0.0, 0.0});
-  std::vector<bool> known(d.size(), false);
-  for (std::size_t j = 0; j < d.size(); ++j) {
-    d[j] = Sub(path[j + 1], path[j]);
-    known[j] = Unit(d[j]);
-  }
-  const auto first = std::find(known.begin(), known.end(), true);
-  if (first == known.end()) {
-    return {};
-  }
-  PathPoint last = d[static_cast<std::size_t>(first - known.begin())];
-  for (std::size_t j = 0; j < d.size(); ++j) {
-    if (known[j]) {
-      last = d[j];
-    } else {
-      d[j] = last;
-    }
-  }
-  return d;
-}
-
-// Side vectors carried from segment to segment by the rotation that turns
-// one direction into the next, so that the circle does not twist.
-std::vector<PathPoint> Frames(const std::vector<PathPoint>& d) {
-  std::vector<PathPoint> u(d.size(), PathPoint{0.0, 0.0, 0.0});
-  u[0] = Perpendicular(d[0]);
-  for (std::size_t j = 1; j < d.size(); ++j) {
-    PathPoint next = u[j - 1];
-    PathPoint b = Cross(d[j - 1], d[j]);
-    if (Unit(b)) {
-      next = Add(Mul(b, Dot(u[j - 1], b)), Mul(Cross(b, d[j]), Dot(u[j - 1], Cross(b, d[j - 1]))));
-    }
-    next = Sub(next, Mul(d[j], Dot(next, d[j])));
-    if (!Unit(next)) {
-      next = Perpendicular(d[j]);
-    }
-    u[j] = next;
-  }
-  return u;
-}
-
-// x moved along d onto the plane through p square to m.
-PathPoint OntoPlane(const PathPoint& x, const PathPoint& d, const PathPoint& p,
-                    const PathPoint& m) {
-  const double along = Dot(d, m);
-  if (std::fabs(along) < 1e-12) {
-    return x;
-  }
-  return Sub(x, Mul(d, Dot(Sub(x, p), m) / along));
-}
-
 }  // namespace
 
 WireSweep SweepAlongPath(const std::vector<PathPoint>& path, double radius, int sides, bool caps) {
@@ -120,16 +41,8 @@ WireSweep SweepAlongPath(const std::vector<PathPoint>& path, double radius, int 
   if (d.empty()) {
     return sweep;
   }
-  const std::vector<PathPoint> u = Frames(d);
-
-  // The cut at point i halves the angle between its two segments.
-  std::vector<PathPoint> cut(path.size(), PathPoint{0.0, 0.0, 0.0});
-  for (std::size_t i = 1; i + 1 < path.size(); ++i) {
-    cut[i] = Add(d[i - 1], d[i]);
-    if (!Unit(cut[i])) {
-      cut[i] = d[i];
-    }
-  }
+  const std::vector<PathPoint> u = CarriedSides(d, Perpendicular(d[0]));
+  const std::vector<PathPoint> cut = MitreCuts(d);
 
   const std::size_t n = path.size();
   const std::size_t count = static_cast<std::size_t>(sides);
