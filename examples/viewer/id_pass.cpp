@@ -10,8 +10,6 @@
 namespace viewer {
 namespace {
 
-// Thin lines are hard to hit: the pass draws them wider than the picture does.
-constexpr GLfloat kPickLineWidth = 7.0f;
 constexpr GLfloat kBlack[] = {0.0f, 0.0f, 0.0f, 1.0f};
 
 }  // namespace

@@ -9,6 +9,9 @@
 
 namespace viewer {
 
+// Thin lines are hard to hit: the pass draws them wider than the picture does, in pixels.
+constexpr float kPickLineWidth = 7.0f;
+
 // Needs the context current. Overwrites the colour and depth buffers: draw the frame afterwards.
 IdImage renderIdImage(gallery::GalleryScene& scene, const gallery::Layout& layout,
                       const gallery::Orbit& orbit);

@@ -48,7 +48,8 @@ void showSelection(bool print) {
   const std::string text = g_app->viewer->selectionText();
   glutSetWindowTitle(("Lumagrid viewer: " + text).c_str());
   if (print) {
-    std::cout << "picked: " << text << std::endl;
+    std::cout << "picked: " << text << '\n'
+              << "ray pick: " << g_app->viewer->rayPickText() << std::endl;
   }
 }
 

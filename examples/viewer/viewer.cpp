@@ -16,6 +16,7 @@
 #include "gallery_catalog.h"
 #include "id_pass.h"
 #include "pick.h"
+#include "ray_pick.h"
 #include "shape_info.h"
 
 namespace viewer {
@@ -136,6 +137,8 @@ void Viewer::zoom(double factor) {
 
 void Viewer::resetView() {
   orbit_ = gallery::Orbit();
+  gallery::setUpView(layout_, orbit_);
+  orbit_.zoom = std::max(kMinZoom, zoomToHold(currentCamera(), sceneBounds(*scene_)));
 }
 
 void Viewer::click(int x, int y) {
@@ -146,6 +149,7 @@ void Viewer::click(int x, int y) {
     items[*selected_].scene->SelectGLShape(items[*selected_].shape, 0);
   }
   selected_ = picked;
+  rayPicked_ = rayPickAt(*scene_, layout_, orbit_, x, y);
   if (selected_) {
     items[*selected_].scene->SelectGLShape(items[*selected_].shape, 1);
   }
@@ -188,13 +192,18 @@ void Viewer::toggleSelectedTranslucent() {
   tubes_.rebuildTori(*scene_, wireframe_);
 }
 
-std::string Viewer::selectionText() const {
-  if (!selected_) {
-    return "nothing";
-  }
-  const Item& item = scene_->items()[*selected_];
+std::string Viewer::itemText(std::size_t i) const {
+  const Item& item = scene_->items()[i];
   return gallery::catalog()[item.entry].label + ": " + describeShape(*item.shape) +
-         (hidden_[*selected_] ? " (hidden)" : "");
+         (hidden_[i] ? " (hidden)" : "");
+}
+
+std::string Viewer::selectionText() const {
+  return selected_ ? itemText(*selected_) : "nothing";
+}
+
+std::string Viewer::rayPickText() const {
+  return rayPicked_ ? itemText(*rayPicked_) : "nothing";
 }
 
 }  // namespace viewer

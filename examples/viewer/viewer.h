@@ -29,10 +29,13 @@ class Viewer {
   // Camera: degrees of turn, a zoom factor, and back to the gallery's view.
   void turn(double yawDegrees, double pitchDegrees);
   void zoom(double factor);
+  // Frames the whole scene: the gallery's view, zoomed out as far as the visible shapes' bounds
+  // need when they reach beyond it.
   void resetView();
 
   // Selects the shape under window pixel (x, y, from the top left) through its scene, or clears the
-  // selection over the background. Redraws the back buffer with the ID pass.
+  // selection over the background, by the ID pass; picks by ray there too (rayPickText). Redraws
+  // the back buffer with the ID pass.
   void click(int x, int y);
   void toggleWireframe();
   void toggleSelectedVisible();
@@ -40,12 +43,15 @@ class Viewer {
 
   // "nothing", or the picked shape's cell label, class and parameters.
   std::string selectionText() const;
+  // The same for the last click's pick by ray (ray_pick.h), which selects nothing.
+  std::string rayPickText() const;
   int width() const { return layout_.width(); }
   int height() const { return layout_.height(); }
 
  private:
   void build();
   void drawLate(const gallery::GalleryScene::Item& item);
+  std::string itemText(std::size_t i) const;
 
   std::vector<std::size_t> entries_;
   std::vector<std::string> labels_;
@@ -56,6 +62,7 @@ class Viewer {
 
   // What the viewer changed, by item index, reapplied when a resize rebuilds the scene.
   std::optional<std::size_t> selected_;
+  std::optional<std::size_t> rayPicked_;
   std::vector<bool> hidden_;
   std::vector<double> alpha_;
   std::vector<double> builtAlpha_;

@@ -1,7 +1,7 @@
 // Runs the viewer on the display it is given (ctest runs this under xvfb-run) and checks what it
 // did: a click on a shape selects it, so that its cell alone shows the highlight colour in the
-// screenshot; a click on the background selects nothing; separate runs show the same screenshot;
-// the program exits 0.
+// screenshot, and the ray through the click meets it too; a click on the background selects and
+// meets nothing; separate runs show the same screenshot; the program exits 0.
 //   lumagrid_viewer_check PATH-TO-VIEWER
 #include <iostream>
 #include <string>
@@ -58,6 +58,8 @@ void checkClickOnShape(const std::string& viewer, const std::string& path) {
   const std::string label = gallery::catalog()[cell].label;
   check(out.find("picked: " + label + ": CGLCone") != std::string::npos,
         "the click picks the " + label);
+  check(out.find("ray pick: " + label + ": CGLCone") != std::string::npos,
+        "the ray through the click meets the " + label);
   for (std::size_t i = 0; i < layout.cells(); ++i) {
     const std::string& name = gallery::catalog()[i].name;
     const std::size_t highlight = count(image, layout.cell(i), isHighlight);
@@ -79,6 +81,8 @@ void checkClickOnBackground(const std::string& viewer, const std::string& path) 
   }
   check(out.find("picked: nothing") != std::string::npos,
         "a click on the background picks nothing");
+  check(out.find("ray pick: nothing") != std::string::npos,
+        "the ray through the background meets nothing");
   const std::size_t highlight = count(image, {0, 0, kWidth, kHeight}, isHighlight);
   check(highlight < 5, "nothing shows the highlight colour (" + std::to_string(highlight) + ")");
 }

@@ -52,7 +52,7 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
 
 std::string keyList() {
   return "Keys:\n"
-         "  r      reset the view\n"
+         "  r      frame the whole scene (the gallery's view when it fits)\n"
          "  + -    zoom in, out\n"
          "  w      wireframe tubes (springs and tori) on, off\n"
          "  v      hide or show the selected shape\n"
