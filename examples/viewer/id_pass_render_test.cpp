@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "gallery_catalog.h"
+#include "gallery_render_test.h"
 #include "gallery_layout.h"
 #include "gallery_scene.h"
 #include "gallery_view.h"
@@ -19,21 +20,8 @@
 
 namespace {
 
-constexpr int kWidth = 600;
-constexpr int kHeight = 500;
-
-class IdPassRender : public ::testing::Test {
+class IdPassRender : public GalleryRenderTest {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(context_.ok()) << context_.error();
-    for (std::size_t i = 0; i < gallery::catalog().size(); ++i) {
-      entries_.push_back(i);
-    }
-    scene_.emplace(entries_, layout_);
-  }
-
-  void TearDown() override { scene_.reset(); }  // while the context is current
-
   // The centre of the cell that shows the entry called name, in window pixels from the top left.
   std::pair<int, int> centreOf(const std::string& name) const {
     const gallery::Rect r = layout_.shapeArea(gallery::findEntry(name));
@@ -48,11 +36,6 @@ class IdPassRender : public ::testing::Test {
     }
     return gallery::catalog()[scene_->items()[*i].entry].name;
   }
-
-  headless::EglContext context_{kWidth, kHeight};
-  std::vector<std::size_t> entries_;
-  gallery::Layout layout_{gallery::catalog().size(), kWidth, kHeight};
-  std::optional<gallery::GalleryScene> scene_;
 };
 
 TEST_F(IdPassRender, ACellCentrePicksTheShapeDrawnThere) {

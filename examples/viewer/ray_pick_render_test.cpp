@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "gallery_catalog.h"
+#include "gallery_render_test.h"
 #include "gallery_layout.h"
 #include "gallery_scene.h"
 #include "gallery_view.h"
@@ -22,9 +23,6 @@
 
 namespace {
 
-constexpr int kWidth = 600;
-constexpr int kHeight = 500;
-
 struct Pixel {
   int x;
   int y;
@@ -33,18 +31,12 @@ struct Pixel {
 // The ID pass's shape at a pixel, or none.
 using Picked = std::optional<std::size_t>;
 
-class RayPickRender : public ::testing::Test {
+class RayPickRender : public GalleryRenderTest {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(context_.ok()) << context_.error();
-    for (std::size_t i = 0; i < gallery::catalog().size(); ++i) {
-      entries_.push_back(i);
-    }
-    scene_.emplace(entries_, layout_);
+    GalleryRenderTest::SetUp();
     image_ = viewer::renderIdImage(*scene_, layout_, gallery::Orbit());
   }
-
-  void TearDown() override { scene_.reset(); }  // while the context is current
 
   Picked byId(Pixel p) const { return viewer::pickAt(image_, p.x, p.y, scene_->shapeCount()); }
 
@@ -101,10 +93,6 @@ class RayPickRender : public ::testing::Test {
     return gallery::catalog()[scene_->items()[*i].entry].name + " #" + std::to_string(*i);
   }
 
-  headless::EglContext context_{kWidth, kHeight};
-  std::vector<std::size_t> entries_;
-  gallery::Layout layout_{gallery::catalog().size(), kWidth, kHeight};
-  std::optional<gallery::GalleryScene> scene_;
   viewer::IdImage image_;
 };
 
