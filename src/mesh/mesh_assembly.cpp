@@ -1,5 +1,7 @@
 #include "mesh/mesh_assembly.h"
 
+#include <cmath>
+
 namespace lumagrid::detail {
 
 namespace {
@@ -9,6 +11,10 @@ vec3d Vec(const PathPoint& p) {
 }
 
 const vec3d kNoNormal(0.0, 0.0, 0.0);
+
+bool Finite(const vec3d& p) {
+  return std::isfinite(p.x()) && std::isfinite(p.y()) && std::isfinite(p.z());
+}
 
 }  // namespace
 
@@ -46,11 +52,8 @@ MeshPart& MeshAssembly::PartFor(Primitive primitive) {
   return mesh_.parts.back();
 }
 
-std::uint32_t MeshAssembly::AddVertex(MeshPart& part, const vec3d& position, const vec3d& normal) {
-  part.vertices.push_back(MeshVertex{TransformedPoint(stack_.back(), position), normal});
-  return static_cast<std::uint32_t>(part.vertices.size() - 1);
-}
-
+// Every piece comes through here: carried through the current matrix, and without the
+// primitives that would reach GL with a vertex that is not finite.
 void MeshAssembly::Add(const MeshPart& piece) {
   if (piece.indices.empty()) {
     return;
@@ -65,9 +68,19 @@ void MeshAssembly::Add(const MeshPart& piece) {
     part.vertices.push_back(
         MeshVertex{TransformedPoint(m, v.position), lines ? kNoNormal : normals(v.normal)});
   }
+  const std::size_t corners = lines ? 2 : 3;
   part.indices.reserve(part.indices.size() + piece.indices.size());
-  for (const std::uint32_t i : piece.indices) {
-    part.indices.push_back(base + i);
+  for (std::size_t first = 0; first + corners <= piece.indices.size(); first += corners) {
+    bool finite = true;
+    for (std::size_t k = 0; k < corners; ++k) {
+      finite = finite && Finite(part.vertices[base + piece.indices[first + k]].position);
+    }
+    if (!finite) {
+      continue;
+    }
+    for (std::size_t k = 0; k < corners; ++k) {
+      part.indices.push_back(base + piece.indices[first + k]);
+    }
   }
 }
 
@@ -78,43 +91,38 @@ void MeshAssembly::Add(const Mesh& mesh) {
 }
 
 void MeshAssembly::AddLineStrip(const std::vector<PathPoint>& points) {
-  if (points.size() < 2) {
-    return;
+  MeshPart strip{Primitive::Lines, {}, {}};
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    strip.vertices.push_back(MeshVertex{Vec(points[i]), kNoNormal});
+    if (i > 0) {
+      strip.indices.insert(strip.indices.end(),
+                           {static_cast<std::uint32_t>(i - 1), static_cast<std::uint32_t>(i)});
+    }
   }
-  MeshPart& part = PartFor(Primitive::Lines);
-  std::uint32_t previous = AddVertex(part, Vec(points[0]), kNoNormal);
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    const std::uint32_t next = AddVertex(part, Vec(points[i]), kNoNormal);
-    part.indices.push_back(previous);
-    part.indices.push_back(next);
-    previous = next;
-  }
+  Add(strip);
 }
 
 void MeshAssembly::AddLines(const std::vector<PathPoint>& points) {
-  if (points.size() < 2) {
-    return;
-  }
-  MeshPart& part = PartFor(Primitive::Lines);
+  MeshPart lines{Primitive::Lines, {}, {}};
   for (std::size_t i = 0; i + 1 < points.size(); i += 2) {
-    part.indices.push_back(AddVertex(part, Vec(points[i]), kNoNormal));
-    part.indices.push_back(AddVertex(part, Vec(points[i + 1]), kNoNormal));
+    lines.vertices.push_back(MeshVertex{Vec(points[i]), kNoNormal});
+    lines.vertices.push_back(MeshVertex{Vec(points[i + 1]), kNoNormal});
+    lines.indices.insert(lines.indices.end(),
+                         {static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(i + 1)});
   }
+  Add(lines);
 }
 
 void MeshAssembly::AddPolygon(const std::vector<PathPoint>& outline, const PathPoint& normal) {
-  if (outline.size() < 3) {
-    return;
+  MeshPart fan{Primitive::Triangles, {}, {}};
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    fan.vertices.push_back(MeshVertex{Vec(outline[i]), Vec(normal)});
+    if (i >= 2) {
+      fan.indices.insert(fan.indices.end(),
+                         {0u, static_cast<std::uint32_t>(i - 1), static_cast<std::uint32_t>(i)});
+    }
   }
-  MeshPart& part = PartFor(Primitive::Triangles);
-  const vec3d n = NormalTransform(stack_.back())(Vec(normal));
-  const std::uint32_t first = AddVertex(part, Vec(outline[0]), n);
-  std::uint32_t previous = AddVertex(part, Vec(outline[1]), n);
-  for (std::size_t i = 2; i < outline.size(); ++i) {
-    const std::uint32_t next = AddVertex(part, Vec(outline[i]), n);
-    part.indices.insert(part.indices.end(), {first, previous, next});
-    previous = next;
-  }
+  Add(fan);
 }
 
 Mesh MeshAssembly::Take() {

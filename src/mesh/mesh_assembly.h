@@ -11,8 +11,9 @@
 namespace lumagrid::detail {
 
 // Gathers a shape's mesh as its list would be drawn: pieces arrive in the frame of the GL
-// matrix calls made so far, as GL would receive them. The result holds at most one
-// triangle part and one line part.
+// matrix calls made so far, as GL would receive them, less the primitives that would reach
+// GL with a vertex that is not finite. The result holds at most one triangle part and one
+// line part.
 class MeshAssembly {
  public:
   MeshAssembly();
@@ -39,7 +40,6 @@ class MeshAssembly {
 
  private:
   MeshPart& PartFor(Primitive primitive);
-  std::uint32_t AddVertex(MeshPart& part, const vec3d& position, const vec3d& normal);
 
   std::vector<Affine> stack_;
   Mesh mesh_;

@@ -8,6 +8,7 @@
 #include <lumagrid/testing/GLRecorder.h>
 
 #include <cmath>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <typeinfo>
@@ -189,6 +190,69 @@ TEST_F(MeshOfShape, ASpringOfNoKnownTypeIsEmpty) {
   CGLSpring spring;
   spring.SetType(2);
   EXPECT_TRUE(MeshOf(spring).parts.empty());
+}
+
+// Every index names a vertex of its part and every position is finite.
+bool WellFormed(const Mesh& mesh) {
+  for (const MeshPart& part : mesh.parts) {
+    const std::size_t corners = part.primitive == Primitive::Triangles ? 3 : 2;
+    if (part.indices.size() % corners != 0)
+      return false;
+    for (const std::uint32_t i : part.indices) {
+      if (i >= part.vertices.size())
+        return false;
+      const vec3d& p = part.vertices[i].position;
+      if (!std::isfinite(p.x()) || !std::isfinite(p.y()) || !std::isfinite(p.z()))
+        return false;
+    }
+  }
+  return true;
+}
+
+TEST_F(MeshOfShape, NonFiniteParametersGiveNoNonFiniteVertex) {
+  const double nan = std::nan("");
+  const double inf = HUGE_VAL;
+  std::vector<std::unique_ptr<CGLObject>> shapes;
+  shapes.emplace_back(new CGLSphere(nan));
+  shapes.emplace_back(new CGLCylinder(inf, 1.0, true));
+  shapes.emplace_back(new CGLCone(0.5, nan, 1.0, true));
+  shapes.emplace_back(new CGLTorus(0.1, nan, 0.0, 360.0));
+  shapes.emplace_back(new CGLTorus(0.1, 1.0, 0.0, inf));
+  shapes.emplace_back(new CGLArrow(nan, 0.2, false, 3, 0.8, 0.4));
+  shapes.emplace_back(new CGLBelt(nan, 1.0, 3.0));
+  shapes.emplace_back(new CGLSpring(0.1, inf, 1.0, 5.0, 3, 0.0));
+  shapes.emplace_back(new CGLSpring(0.1, 1.0, 1.0, nan, 3, 0.0));
+  for (const auto& shape : shapes) {
+    EXPECT_TRUE(WellFormed(MeshOf(*shape))) << typeid(*shape).name();
+  }
+  // What stays finite stays: the cone's base disk, without its side or top.
+  CGLObject::s_nSlices4New = 10;
+  CGLObject::s_nStacks4New = 1;
+  CGLCone cone(0.5, nan, 1.0, true);
+  EXPECT_EQ(Triangles(MeshOf(cone)), 10u);
+  // An arrow of NaN length moves its heads off to NaN: only the shaft's base disk is left.
+  CGLArrow arrow(nan, 0.2, false, 1, 0.8, 0.4);
+  EXPECT_TRUE(WellFormed(MeshOf(arrow)));
+  EXPECT_EQ(Triangles(MeshOf(arrow)), 10u);
+}
+
+TEST_F(MeshOfShape, AbsurdTessellationsAndTurnsStayBounded) {
+  CGLObject::s_nSlices4New = 1 << 30;
+  CGLObject::s_nStacks4New = 1 << 30;
+  CGLSphere sphere(1.0);                 // GLU caps slices and stacks at 239
+  CGLCylinder cylinder(1.0, 1.0, true);  // but not a cylinder's stacks: too many to mesh
+  EXPECT_EQ(Triangles(MeshOf(sphere)), 2u * 239u * 238u);
+  EXPECT_TRUE(MeshOf(cylinder).parts.empty() || WellFormed(MeshOf(cylinder)));
+  CGLObject::s_nSlices4New = -5;
+  CGLSphere none(1.0);
+  EXPECT_TRUE(MeshOf(none).parts.empty());
+  for (const int turns : {1 << 30, -(1 << 30), 0}) {
+    for (const unsigned type : {0u, 1u}) {
+      CGLSpring spring(0.1, 1.0, 1.0, 5.0, turns, 0.0);
+      spring.SetType(type);
+      EXPECT_TRUE(WellFormed(MeshOf(spring))) << turns << " turns, type " << type;
+    }
+  }
 }
 
 class MeshOfGroup : public RecordedTest {};
