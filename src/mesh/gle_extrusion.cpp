@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
-#include "math/angles.h"
 #include "shapes/geometry/vector_algebra.h"
 #include "shapes/tube/tube_frames.h"
 #include "shapes/tube/wire_sweep.h"
@@ -34,26 +34,6 @@ PathPoint UnitOr(PathPoint v, const PathPoint& fallback) {
   return Unit(v) ? v : fallback;
 }
 
-// The circle's unit directions around one segment, side k at angle 2 pi k / sides from x.
-struct Circle {
-  std::vector<double> cosines;
-  std::vector<double> sines;
-
-  explicit Circle(std::size_t sides) {
-    cosines.reserve(sides);
-    sines.reserve(sides);
-    for (std::size_t k = 0; k < sides; ++k) {
-      const double angle = 2.0 * kPi * static_cast<double>(k) / static_cast<double>(sides);
-      cosines.push_back(std::cos(angle));
-      sines.push_back(std::sin(angle));
-    }
-  }
-
-  PathPoint Around(const PathPoint& x, const PathPoint& y, std::size_t k) const {
-    return Add(Mul(x, cosines[k]), Mul(y, sines[k]));
-  }
-};
-
 bool SidesFit(std::size_t segments, int sides) {
   if (sides < 1 || segments < 1) {
     return false;
@@ -68,19 +48,15 @@ void AddTriangle(MeshPart& part, std::size_t a, std::size_t b, std::size_t c) {
 }
 
 // A flat fan over `ring`, counter-clockwise seen from where `normal` points.
-void AddCap(MeshPart& part, const std::vector<PathPoint>& ring, const PathPoint& normal) {
+void AddCap(MeshPart& part, std::vector<PathPoint> ring, const PathPoint& normal) {
   const std::size_t n = ring.size();
   if (n < 3) {
     return;
   }
-  PathPoint area{0.0, 0.0, 0.0};
-  for (std::size_t k = 0; k < n; ++k) {
-    area = Add(area, Cross(ring[k], ring[(k + 1) % n]));
-  }
-  const bool reversed = Dot(area, normal) < 0.0;
+  FaceAlong(ring, normal);
   const std::size_t base = part.vertices.size();
-  for (std::size_t k = 0; k < n; ++k) {
-    part.vertices.push_back({ToVec(ring[reversed ? n - 1 - k : k]), ToVec(normal)});
+  for (const PathPoint& p : ring) {
+    part.vertices.push_back({ToVec(p), ToVec(normal)});
   }
   for (std::size_t k = 1; k + 1 < n; ++k) {
     AddTriangle(part, base, base + k, base + k + 1);
@@ -170,8 +146,8 @@ MeshPart ExtrudeRoundTube(const std::vector<PathPoint>& given, const PathPoint& 
   const std::vector<PathPoint> y = CarriedSides(d, SquareTo(up, d[0]));
   const std::vector<PathPoint> cut = MitreCuts(d);
   const std::size_t n = path.size();
-  const std::size_t count = static_cast<std::size_t>(sides);
-  const Circle circle(count);
+  const SideAngles angles(static_cast<std::size_t>(sides));
+  const std::size_t count = angles.Count();
 
   // The normal GL gets where segment j meets point i (j or j + 1), for the circle's own
   // normal `own` there.
@@ -193,22 +169,18 @@ MeshPart ExtrudeRoundTube(const std::vector<PathPoint>& given, const PathPoint& 
   part.indices.reserve(segments * 6 * count + (caps ? 6 * count : 0));
   std::vector<PathPoint> first;
   std::vector<PathPoint> last;
-  first.reserve(caps ? count : 0);
-  last.reserve(farCap ? count : 0);
+  std::vector<SideRun> runs;
   for (std::size_t j = 1; j + 2 < n; ++j) {
     const std::size_t base = part.vertices.size();
-    const PathPoint x = Cross(d[j], y[j]);
-    for (std::size_t k = 0; k < count; ++k) {
-      const PathPoint a = circle.Around(x, y[j], k);
-      for (const std::size_t i : {j, j + 1}) {
-        const PathPoint p = OntoPlane(Add(path[i], Mul(a, radius)), d[j], path[i], cut[i]);
-        part.vertices.push_back({ToVec(p), ToVec(normalAt(j, i, a))});
-        if (caps && i == 1) {
-          first.push_back(p);
-        }
-        if (farCap && i + 2 == n) {
-          last.push_back(p);
-        }
+    SegmentSides(path, d, cut, j, Cross(d[j], y[j]), y[j], radius, angles, runs);
+    for (const SideRun& run : runs) {
+      part.vertices.push_back({ToVec(run.from), ToVec(normalAt(j, j, run.side))});
+      part.vertices.push_back({ToVec(run.to), ToVec(normalAt(j, j + 1, run.side))});
+      if (caps && j == 1) {
+        first.push_back(run.from);
+      }
+      if (farCap && j + 3 == n) {
+        last.push_back(run.to);
       }
     }
     // Side k runs from near vertex base + 2k to far vertex base + 2k + 1.
@@ -220,10 +192,10 @@ MeshPart ExtrudeRoundTube(const std::vector<PathPoint>& given, const PathPoint& 
     }
   }
   if (caps) {
-    AddCap(part, first, Mul(cut[1], -1.0));
+    AddCap(part, std::move(first), Mul(cut[1], -1.0));
   }
   if (farCap) {
-    AddCap(part, last, cut[n - 2]);
+    AddCap(part, std::move(last), cut[n - 2]);
   }
   return part;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "math/angles.h"
 #include "shapes/geometry/vector_algebra.h"
 
 namespace lumagrid::detail {
@@ -103,6 +104,42 @@ PathPoint OntoPlane(const PathPoint& x, const PathPoint& d, const PathPoint& p,
     return x;
   }
   return Sub(x, Mul(d, Dot(Sub(x, p), m) / along));
+}
+
+SideAngles::SideAngles(std::size_t sides) {
+  cosines_.reserve(sides);
+  sines_.reserve(sides);
+  for (std::size_t k = 0; k < sides; ++k) {
+    const double phi = 2.0 * kPi * static_cast<double>(k) / static_cast<double>(sides);
+    cosines_.push_back(std::cos(phi));
+    sines_.push_back(std::sin(phi));
+  }
+}
+
+PathPoint SideAngles::Around(const PathPoint& x, const PathPoint& y, std::size_t k) const {
+  return Add(Mul(x, cosines_[k]), Mul(y, sines_[k]));
+}
+
+void SegmentSides(const std::vector<PathPoint>& path, const std::vector<PathPoint>& d,
+                  const std::vector<PathPoint>& cut, std::size_t j, const PathPoint& x,
+                  const PathPoint& y, double radius, const SideAngles& angles,
+                  std::vector<SideRun>& out) {
+  out.clear();
+  for (std::size_t k = 0; k < angles.Count(); ++k) {
+    const PathPoint a = angles.Around(x, y, k);
+    out.push_back({a, OntoPlane(Add(path[j], Mul(a, radius)), d[j], path[j], cut[j]),
+                   OntoPlane(Add(path[j + 1], Mul(a, radius)), d[j], path[j + 1], cut[j + 1])});
+  }
+}
+
+void FaceAlong(std::vector<PathPoint>& outline, const PathPoint& normal) {
+  PathPoint area{0.0, 0.0, 0.0};
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    area = Add(area, Cross(outline[i], outline[(i + 1) % outline.size()]));
+  }
+  if (Dot(area, normal) < 0.0) {
+    std::reverse(outline.begin(), outline.end());
+  }
 }
 
 }  // namespace lumagrid::detail

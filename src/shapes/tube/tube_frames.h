@@ -1,6 +1,7 @@
 #ifndef LUMAGRID_SRC_SHAPES_TUBE_TUBE_FRAMES_H
 #define LUMAGRID_SRC_SHAPES_TUBE_TUBE_FRAMES_H
 
+#include <cstddef>
 #include <vector>
 
 #include "shapes/geometry/path_point.h"
@@ -37,6 +38,37 @@ std::vector<PathPoint> MitreCuts(const std::vector<PathPoint>& d);
 
 // x moved along d onto the plane through p square to m.
 PathPoint OntoPlane(const PathPoint& x, const PathPoint& d, const PathPoint& p, const PathPoint& m);
+
+// The directions of a circle's `sides` sides: side k at angle 2 pi k / sides from x
+// towards y.
+class SideAngles {
+ public:
+  explicit SideAngles(std::size_t sides);
+  std::size_t Count() const { return cosines_.size(); }
+  PathPoint Around(const PathPoint& x, const PathPoint& y, std::size_t k) const;
+
+ private:
+  std::vector<double> cosines_;
+  std::vector<double> sines_;
+};
+
+// One side of a tube along a segment: its direction from the centre line, and where it
+// meets the mitred cuts at the segment's two ends.
+struct SideRun {
+  PathPoint side;
+  PathPoint from;
+  PathPoint to;
+};
+
+// The sides of segment j of `path` (from point j to j + 1), a circle of `radius` around
+// x and y (unit, square to d[j]), into `out`, replacing what it held.
+void SegmentSides(const std::vector<PathPoint>& path, const std::vector<PathPoint>& d,
+                  const std::vector<PathPoint>& cut, std::size_t j, const PathPoint& x,
+                  const PathPoint& y, double radius, const SideAngles& angles,
+                  std::vector<SideRun>& out);
+
+// Puts a flat outline in counter-clockwise order seen from where `normal` points.
+void FaceAlong(std::vector<PathPoint>& outline, const PathPoint& normal);
 
 }  // namespace lumagrid::detail
 

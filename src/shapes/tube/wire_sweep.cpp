@@ -1,6 +1,5 @@
 #include "shapes/tube/wire_sweep.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "math/angles.h"
@@ -20,13 +19,7 @@ bool LinesFit(std::size_t rings, int sides) {
 
 // Counter-clockwise seen from the side `normal` points to.
 WireCap Cap(std::vector<PathPoint> outline, const PathPoint& normal) {
-  PathPoint area{0.0, 0.0, 0.0};
-  for (std::size_t i = 0; i < outline.size(); ++i) {
-    area = Add(area, Cross(outline[i], outline[(i + 1) % outline.size()]));
-  }
-  if (Dot(area, normal) < 0.0) {
-    std::reverse(outline.begin(), outline.end());
-  }
+  FaceAlong(outline, normal);
   return {std::move(outline), normal};
 }
 
@@ -45,25 +38,21 @@ WireSweep SweepAlongPath(const std::vector<PathPoint>& path, double radius, int 
   const std::vector<PathPoint> cut = MitreCuts(d);
 
   const std::size_t n = path.size();
-  const std::size_t count = static_cast<std::size_t>(sides);
-  sweep.lines.reserve(2 * (n - 3) * count);
+  const SideAngles angles(static_cast<std::size_t>(sides));
+  sweep.lines.reserve(2 * (n - 3) * angles.Count());
   std::vector<PathPoint> first;
   std::vector<PathPoint> last;
+  std::vector<SideRun> runs;
   for (std::size_t j = 1; j + 2 < n; ++j) {
-    const PathPoint v = Cross(d[j], u[j]);
-    for (std::size_t k = 0; k < count; ++k) {
-      const double phi = 2.0 * kPi * static_cast<double>(k) / static_cast<double>(count);
-      const PathPoint a = Add(Mul(u[j], std::cos(phi)), Mul(v, std::sin(phi)));
-      const PathPoint from = OntoPlane(Add(path[j], Mul(a, radius)), d[j], path[j], cut[j]);
-      const PathPoint to =
-          OntoPlane(Add(path[j + 1], Mul(a, radius)), d[j], path[j + 1], cut[j + 1]);
-      sweep.lines.push_back({from, a});
-      sweep.lines.push_back({to, a});
+    SegmentSides(path, d, cut, j, u[j], Cross(d[j], u[j]), radius, angles, runs);
+    for (const SideRun& run : runs) {
+      sweep.lines.push_back({run.from, run.side});
+      sweep.lines.push_back({run.to, run.side});
       if (j == 1) {
-        first.push_back(from);
+        first.push_back(run.from);
       }
       if (j + 3 == n) {
-        last.push_back(to);
+        last.push_back(run.to);
       }
     }
   }
