@@ -1,14 +1,11 @@
 #include "mesh/extent.h"
 
-#include <lumagrid/CGLCone.h>
-
 #include <algorithm>
 #include <cmath>
-#include <typeinfo>
 
 #include "mesh/affine.h"
 #include "mesh/shape_fields.h"
-#include "shapes/quadric/CGLCube.h"
+#include "mesh/shape_kind.h"
 #include "shapes/quadric/arrow_geometry.h"
 
 namespace lumagrid::detail {
@@ -118,42 +115,42 @@ Bounds Carried(const Bounds& box, const Affine& world) {
 }
 
 Bounds ExtentOf(CGLObject& shape) {
-  const std::type_info& type = typeid(shape);
-  if (type == typeid(CGLSphere)) {
-    const double r = std::fabs(static_cast<const CGLSphere&>(shape).Radius());
-    return Box(-r, -r, -r, r, r, r);
-  }
-  if (type == typeid(CGLCylinder) || type == typeid(CGLCone)) {
-    const auto& c = static_cast<const CGLCylinder&>(shape);
-    const double r = std::max(std::fabs(CylinderFields::dBaseRadius(c)),
-                              std::fabs(CylinderFields::dTopRadius(c)));
-    const double h = CylinderFields::dHeight(c);
-    return Box(-r, -r, std::min(0.0, h), r, r, std::max(0.0, h));
-  }
-  if (type == typeid(CGLArrow)) {
-    return ArrowExtent(static_cast<const CGLArrow&>(shape));
-  }
-  if (type == typeid(CGLTorus)) {
-    const auto& t = static_cast<const CGLTorus&>(shape);
-    const double tube = TubeReach(TorusFields::dInnerRadius(t));
-    const double r = std::fabs(TorusFields::dOuterRadius(t)) + tube;
-    return Box(-r, -r, -tube, r, r, tube);
-  }
-  if (type == typeid(CGLBox) || type == typeid(CGLCube)) {
-    const auto& b = static_cast<const CGLBox&>(shape);
-    const double x = std::fabs(BoxFields::dSizeX(b));
-    const double y = std::fabs(BoxFields::dSizeY(b));
-    const double z = std::fabs(BoxFields::dSizeZ(b));
-    return Box(-x, -y, -z, x, y, z);
-  }
-  if (type == typeid(CGLSpring)) {
-    return SpringExtent(static_cast<const CGLSpring&>(shape));
-  }
-  if (type == typeid(CGLPolyline)) {
-    return PolylineExtent(static_cast<const CGLPolyline&>(shape));
-  }
-  if (type == typeid(CGLBelt)) {
-    return BeltExtent(static_cast<const CGLBelt&>(shape));
+  switch (KindOf(shape)) {
+    case ShapeKind::Sphere: {
+      const double r = std::fabs(static_cast<const CGLSphere&>(shape).Radius());
+      return Box(-r, -r, -r, r, r, r);
+    }
+    case ShapeKind::Cylinder: {
+      const auto& c = static_cast<const CGLCylinder&>(shape);
+      const double r = std::max(std::fabs(CylinderFields::dBaseRadius(c)),
+                                std::fabs(CylinderFields::dTopRadius(c)));
+      const double h = CylinderFields::dHeight(c);
+      return Box(-r, -r, std::min(0.0, h), r, r, std::max(0.0, h));
+    }
+    case ShapeKind::Arrow:
+      return ArrowExtent(static_cast<const CGLArrow&>(shape));
+    case ShapeKind::Torus: {
+      const auto& t = static_cast<const CGLTorus&>(shape);
+      const double tube = TubeReach(TorusFields::dInnerRadius(t));
+      const double r = std::fabs(TorusFields::dOuterRadius(t)) + tube;
+      return Box(-r, -r, -tube, r, r, tube);
+    }
+    case ShapeKind::Box: {
+      const auto& b = static_cast<const CGLBox&>(shape);
+      const double x = std::fabs(BoxFields::dSizeX(b));
+      const double y = std::fabs(BoxFields::dSizeY(b));
+      const double z = std::fabs(BoxFields::dSizeZ(b));
+      return Box(-x, -y, -z, x, y, z);
+    }
+    case ShapeKind::Spring:
+      return SpringExtent(static_cast<const CGLSpring&>(shape));
+    case ShapeKind::Polyline:
+      return PolylineExtent(static_cast<const CGLPolyline&>(shape));
+    case ShapeKind::Belt:
+      return BeltExtent(static_cast<const CGLBelt&>(shape));
+    case ShapeKind::Group:
+    case ShapeKind::Unknown:
+      break;
   }
   return Bounds{};
 }

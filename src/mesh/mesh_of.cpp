@@ -1,15 +1,12 @@
-#include <lumagrid/CGLAxis.h>
-#include <lumagrid/CGLCone.h>
 #include <lumagrid/Mesh.h>
 
-#include <typeinfo>
 #include <vector>
 
 #include "mesh/mesh_assembly.h"
 #include "mesh/shape_fields.h"
+#include "mesh/shape_kind.h"
 #include "mesh/shape_meshes.h"
 #include "shapes/path/belt_outline.h"
-#include "shapes/quadric/CGLCube.h"
 #include "shapes/quadric/torus_geometry.h"
 
 namespace lumagrid {
@@ -92,30 +89,42 @@ void AddCylinderShape(MeshAssembly& mesh, const CGLCylinder& cylinder) {
                         ObjectFields::nSlices(cylinder), ObjectFields::nStacks(cylinder)));
 }
 
-// Only the library's own classes: a host's subclass may draw anything in its list.
 void AddShape(MeshAssembly& mesh, CGLObject& shape, Path& groups) {
-  const std::type_info& type = typeid(shape);
-  if (type == typeid(CGLSphere)) {
-    const auto& sphere = static_cast<const CGLSphere&>(shape);
-    AddSphere(mesh, BuildSphereGeometry(sphere.Radius(), ObjectFields::nSlices(sphere),
-                                        ObjectFields::nStacks(sphere)));
-  } else if (type == typeid(CGLCylinder) || type == typeid(CGLCone)) {
-    AddCylinderShape(mesh, static_cast<const CGLCylinder&>(shape));
-  } else if (type == typeid(CGLArrow)) {
-    AddArrowShape(mesh, static_cast<const CGLArrow&>(shape));
-  } else if (type == typeid(CGLTorus)) {
-    AddTorus(mesh, static_cast<const CGLTorus&>(shape));
-  } else if (type == typeid(CGLBox) || type == typeid(CGLCube)) {
-    const auto& box = static_cast<const CGLBox&>(shape);
-    AddBox(mesh, BoxFields::dSizeX(box), BoxFields::dSizeY(box), BoxFields::dSizeZ(box));
-  } else if (type == typeid(CGLGroup) || type == typeid(CGLAxis)) {
-    AddGroup(mesh, static_cast<const CGLGroup&>(shape), groups);
-  } else if (type == typeid(CGLPolyline)) {
-    AddPolyline(mesh, static_cast<const CGLPolyline&>(shape));
-  } else if (type == typeid(CGLBelt)) {
-    AddBelt(mesh, static_cast<const CGLBelt&>(shape));
-  } else if (type == typeid(CGLSpring)) {
-    AddSpringShape(mesh, static_cast<const CGLSpring&>(shape));
+  switch (KindOf(shape)) {
+    case ShapeKind::Sphere: {
+      const auto& sphere = static_cast<const CGLSphere&>(shape);
+      AddSphere(mesh, BuildSphereGeometry(sphere.Radius(), ObjectFields::nSlices(sphere),
+                                          ObjectFields::nStacks(sphere)));
+      break;
+    }
+    case ShapeKind::Cylinder:
+      AddCylinderShape(mesh, static_cast<const CGLCylinder&>(shape));
+      break;
+    case ShapeKind::Arrow:
+      AddArrowShape(mesh, static_cast<const CGLArrow&>(shape));
+      break;
+    case ShapeKind::Torus:
+      AddTorus(mesh, static_cast<const CGLTorus&>(shape));
+      break;
+    case ShapeKind::Box: {
+      const auto& box = static_cast<const CGLBox&>(shape);
+      AddBox(mesh, BoxFields::dSizeX(box), BoxFields::dSizeY(box), BoxFields::dSizeZ(box));
+      break;
+    }
+    case ShapeKind::Group:
+      AddGroup(mesh, static_cast<const CGLGroup&>(shape), groups);
+      break;
+    case ShapeKind::Polyline:
+      AddPolyline(mesh, static_cast<const CGLPolyline&>(shape));
+      break;
+    case ShapeKind::Belt:
+      AddBelt(mesh, static_cast<const CGLBelt&>(shape));
+      break;
+    case ShapeKind::Spring:
+      AddSpringShape(mesh, static_cast<const CGLSpring&>(shape));
+      break;
+    case ShapeKind::Unknown:
+      break;
   }
 }
 

@@ -1,11 +1,8 @@
 #include "mesh/scene_walk.h"
 
-#include <lumagrid/CGLAxis.h>
-
-#include <typeinfo>
-
 #include "core/CGLShapeMap.h"
 #include "mesh/shape_fields.h"
+#include "mesh/shape_kind.h"
 
 namespace lumagrid::detail {
 
@@ -24,8 +21,7 @@ class Walk {
   void Visit(CGLObject* shape, const Affine& world, bool parentShown) {
     const bool shown = parentShown && ObjectFields::bVisible(*shape);
     // The scene expands only the library's groups, as MeshOf does.
-    const std::type_info& type = typeid(*shape);
-    if (type != typeid(CGLGroup) && type != typeid(CGLAxis)) {
+    if (KindOf(*shape) != ShapeKind::Group) {
       visitor_.Visit(SceneLeaf{shape, world, shown});
       return;
     }

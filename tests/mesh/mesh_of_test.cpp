@@ -196,14 +196,17 @@ TEST_F(MeshOfShape, ASpringOfNoKnownTypeIsEmpty) {
 bool WellFormed(const Mesh& mesh) {
   for (const MeshPart& part : mesh.parts) {
     const std::size_t corners = part.primitive == Primitive::Triangles ? 3 : 2;
-    if (part.indices.size() % corners != 0)
+    if (part.indices.size() % corners != 0) {
       return false;
+    }
     for (const std::uint32_t i : part.indices) {
-      if (i >= part.vertices.size())
+      if (i >= part.vertices.size()) {
         return false;
+      }
       const vec3d& p = part.vertices[i].position;
-      if (!std::isfinite(p.x()) || !std::isfinite(p.y()) || !std::isfinite(p.z()))
+      if (!std::isfinite(p.x()) || !std::isfinite(p.y()) || !std::isfinite(p.z())) {
         return false;
+      }
     }
   }
   return true;
