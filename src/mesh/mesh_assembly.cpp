@@ -42,6 +42,16 @@ void MeshAssembly::MultMatrix(const double* glOrder) {
   stack_.back() = Multiplied(stack_.back(), AffineFrom(glOrder));
 }
 
+void MeshAssembly::Apply(const std::vector<MatrixStep>& steps) {
+  for (const MatrixStep& step : steps) {
+    if (step.kind == MatrixStep::Rotate) {
+      Rotate(step.degrees, step.x, step.y, step.z);
+    } else {
+      Translate(step.x, step.y, step.z);
+    }
+  }
+}
+
 MeshPart& MeshAssembly::PartFor(Primitive primitive) {
   for (MeshPart& part : mesh_.parts) {
     if (part.primitive == primitive) {

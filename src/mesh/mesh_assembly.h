@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "mesh/affine.h"
+#include "shapes/geometry/matrix_step.h"
 #include "shapes/geometry/path_point.h"
 
 namespace lumagrid::detail {
@@ -25,6 +26,8 @@ class MeshAssembly {
   void Translate(double x, double y, double z);
   void Rotate(double degrees, double x, double y, double z);
   void MultMatrix(const double* glOrder);
+  // Each step's glTranslated or glRotated, in order.
+  void Apply(const std::vector<MatrixStep>& steps);
 
   // A triangle part or a line part, through the current matrix.
   void Add(const MeshPart& part);

@@ -28,25 +28,14 @@ void AddWireSweep(MeshAssembly& mesh, const WireSweep& sweep) {
   }
 }
 
-template <class Steps>
-void Apply(MeshAssembly& mesh, const Steps& steps) {
-  for (const MatrixStep& step : steps) {
-    if (step.kind == MatrixStep::Rotate) {
-      mesh.Rotate(step.degrees, step.x, step.y, step.z);
-    } else {
-      mesh.Translate(step.x, step.y, step.z);
-    }
-  }
-}
-
 template <class Bottom, class Top>
 void AddHooks(MeshAssembly& mesh, const HookFrames& frames, Bottom&& bottom, Top&& top) {
   mesh.Push();
-  Apply(mesh, frames.bottom);
+  mesh.Apply(frames.bottom);
   bottom();
   mesh.Pop();
   mesh.Push();
-  Apply(mesh, frames.top);
+  mesh.Apply(frames.top);
   top();
   mesh.Pop();
 }
