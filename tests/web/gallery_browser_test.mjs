@@ -181,7 +181,11 @@ async function check(browser, origin, view, out) {
   if (!renderer) {
     return ['no WebGL 2 context'];
   }
-  await waitForLoad(page);
+  try {
+    await waitForLoad(page);
+  } catch (error) {
+    return [...failures, `model-viewer did not load the model: ${error.message.split('\n')[0]}`];
+  }
 
   const element = page.locator('model-viewer');
   const box = await element.boundingBox();
@@ -227,6 +231,11 @@ async function check(browser, origin, view, out) {
 
 async function main() {
   const { glb, page, out } = options();
+  // Waits inside the page have no limit of their own: a model that never loads must still fail.
+  setTimeout(() => {
+    console.log(`FAIL: no result after ${timeoutMs / 1000} s`);
+    process.exit(1);
+  }, timeoutMs).unref();
   const view = JSON.parse(fs.readFileSync(glb.replace(/\.[^./]*$/, '.view.json'), 'utf8'));
   const site = stageSite(page, glb);
   const server = await serveFolder(site);
