@@ -6,6 +6,7 @@
 #include <lumagrid/CGLScene.h>
 #include <lumagrid/CGLSpring.h>
 #include <lumagrid/CGLTorus.h>
+#include <lumagrid/ShapeDescription.h>
 
 #include <GL/gl.h>
 
@@ -194,7 +195,7 @@ void Viewer::toggleSelectedTranslucent() {
 
 std::string Viewer::itemText(std::size_t i) const {
   const Item& item = scene_->items()[i];
-  return gallery::catalog()[item.entry].label + ": " + describeShape(*item.shape) +
+  return gallery::catalog()[item.entry].label + ": " + lumagrid::DescribeShape(*item.shape) +
          (hidden_[i] ? " (hidden)" : "");
 }
 
