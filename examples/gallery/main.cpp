@@ -12,6 +12,7 @@
 
 #include "command_line.h"
 #include "gallery_catalog.h"
+#include "gallery_gltf.h"
 #include "gallery_layout.h"
 #include "gallery_options.h"
 #include "gallery_scene.h"
@@ -58,6 +59,12 @@ int main(int argc, char** argv) {
     gallery::GalleryScene scene(entries, layout);
     scene.draw();
     gallery::drawLabels(layout, labels);
+    std::string error;
+    if (!options.gltf.empty() &&
+        !gallery::writeGalleryGltf(scene, layout, labels, options.gltf, &error)) {
+      std::cerr << program << ": cannot write the glTF file: " << error << '\n';
+      return examples::code(examples::Exit::CannotWrite);
+    }
   }  // the scene's display lists go while the context is still current
   const std::vector<std::string> glErrors = headless::pendingGLErrors();
 
@@ -79,5 +86,9 @@ int main(int argc, char** argv) {
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
             << "x multisampling, " << headless::EglContext::renderer() << ")\n";
+  if (!options.gltf.empty()) {
+    std::cout << "gallery: " << absolute(options.gltf) << " and "
+              << absolute(gallery::viewFileFor(options.gltf)) << '\n';
+  }
   return examples::code(examples::Exit::Ok);
 }

@@ -13,6 +13,7 @@ namespace {
 using detail::ArrowFields;
 using detail::AxisFields;
 using detail::BeltFields;
+using detail::BoxFields;
 using detail::CylinderFields;
 using detail::PolylineFields;
 using detail::SpringFields;
@@ -70,6 +71,9 @@ std::string DescribeShape(CGLObject& shape) {
     WriteArrow(o, *a);
   } else if (auto* x = dynamic_cast<CGLAxis*>(&shape)) {
     WriteAxis(o, *x);
+  } else if (auto* box = dynamic_cast<CGLBox*>(&shape)) {
+    o << "CGLBox size " << BoxFields::dSizeX(*box) << ' ' << BoxFields::dSizeY(*box) << ' '
+      << BoxFields::dSizeZ(*box);
   } else if (auto* p = dynamic_cast<CGLPolyline*>(&shape)) {
     o << "CGLPolyline vertices " << PolylineFields::aVertex(*p).size();
   } else if (auto* b = dynamic_cast<CGLBelt*>(&shape)) {

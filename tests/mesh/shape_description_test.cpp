@@ -2,7 +2,10 @@
 
 #include <lumagrid/lumagrid.h>
 
+#include <algorithm>
 #include <limits>
+#include <string>
+#include <vector>
 #include <memory>
 
 #include "recorded/RecordedTest.h"
@@ -36,6 +39,16 @@ TEST(DescribeShape, AddsTheAlphaOfATranslucentShape) {
 TEST(DescribeShape, NamesTheAxisBeforeItsGroup) {
   auto axis = std::make_unique<CGLAxis>(1.1, 0.12, false);
   EXPECT_EQ(DescribeShape(*axis), "CGLAxis length 1.1 radius 0.12");
+}
+
+TEST(DescribeShape, NamesTheTriadsCentreBoxByItsEdges) {
+  CGLScene scene;
+  scene.AddGLShape(new CGLAxis(1.1, 0.12, false));
+  std::vector<std::string> names;
+  for (const lumagrid::SceneItem& item : lumagrid::SceneItems(scene)) {
+    names.push_back(DescribeShape(*item.shape));
+  }
+  EXPECT_NE(std::find(names.begin(), names.end(), "CGLBox size 0.12 0.12 0.12"), names.end());
 }
 
 TEST(DescribeShape, SaysWhichSpringAndHowItIsDrawn) {
