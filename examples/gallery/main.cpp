@@ -1,10 +1,8 @@
 // Renders the gallery of every shape and variant into a PNG, with no display: see --help.
 #include <cstddef>
-#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include <lumagrid/testing/EglContext.h>
@@ -21,12 +19,6 @@
 namespace {
 
 constexpr int kSamples = 4;
-
-std::string absolute(const std::string& path) {
-  std::error_code ec;
-  const std::filesystem::path p = std::filesystem::absolute(path, ec);
-  return ec ? path : p.lexically_normal().string();
-}
 
 }  // namespace
 
@@ -78,17 +70,17 @@ int main(int argc, char** argv) {
     for (const std::string& e : glErrors) {
       std::cerr << ' ' << e;
     }
-    std::cerr << " while drawing; the picture was written to " << absolute(options.out)
-              << " all the same\n";
+    std::cerr << " while drawing; the picture was written to "
+              << examples::absolutePath(options.out) << " all the same\n";
     return examples::code(examples::Exit::GLError);
   }
-  std::cout << "gallery: " << absolute(options.out) << " (" << options.width << 'x'
+  std::cout << "gallery: " << examples::absolutePath(options.out) << " (" << options.width << 'x'
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
             << "x multisampling, " << headless::EglContext::renderer() << ")\n";
   if (!options.gltf.empty()) {
-    std::cout << "gallery: " << absolute(options.gltf) << " and "
-              << absolute(gallery::viewFileFor(options.gltf)) << '\n';
+    std::cout << "gallery: " << examples::absolutePath(options.gltf) << " and "
+              << examples::absolutePath(gallery::viewFileFor(options.gltf)) << '\n';
   }
   return examples::code(examples::Exit::Ok);
 }
