@@ -11,11 +11,14 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <set>
 #include <system_error>
 
 #include "gallery_catalog.h"
+#include "gallery_gltf.h"
 
 extern char** environ;
 
@@ -181,6 +184,22 @@ void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOn
     check(differ == 0, "run " + std::to_string(i) + " gives the picture of run 0 (" +
                            std::to_string(differ) + " pixels differ)");
   }
+}
+
+void checkGltfFile(const std::string& path, const std::vector<std::string>& names) {
+  std::ifstream in(path, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const bool binary = path.size() > 4 && path.compare(path.size() - 4, 4, ".glb") == 0;
+  check(bytes.compare(0, binary ? 4 : 1, binary ? "glTF" : "{") == 0,
+        path + " is a " + (binary ? "binary glTF file" : "glTF JSON file"));
+  for (const std::string& name : names) {
+    check(bytes.find(name) != std::string::npos, path + " names " + name);
+  }
+  const std::string view = gallery::viewFileFor(path);
+  check(std::filesystem::exists(view), "its view file " + view + " is written");
+  std::error_code ec;
+  std::filesystem::remove(path, ec);
+  std::filesystem::remove(view, ec);
 }
 
 int checkProgram(int argc, char** argv, const std::string& stem,

@@ -68,6 +68,10 @@ void checkSamePictureEveryRun(int runs, const std::function<bool(Image*)>& runOn
 // A new empty file named like lumagrid-STEM-XXXXXX.png in the temporary folder, or "".
 std::string temporaryPng(const std::string& stem);
 
+// Checks that `path` holds a glTF file, binary when it ends in .glb, whose JSON mentions each of
+// `names` (node names, say), with its view file beside it; removes both.
+void checkGltfFile(const std::string& path, const std::vector<std::string>& names);
+
 // The main of a program's check: argv[1] names the program, and checks runs it with the path of
 // a temporary PNG. Prints the verdict; returns 0 when every check passed, 1 when one failed and 2
 // on a bad command line.

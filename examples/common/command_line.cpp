@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <filesystem>
 #include <iostream>
+#include <system_error>
 #include <utility>
 
 namespace examples {
@@ -51,6 +53,12 @@ std::optional<int> parseCommandLine(CLI::App& app, int argc, const char* const* 
     return code(Exit::BadCommandLine);
   }
   return std::nullopt;
+}
+
+std::string absolutePath(const std::string& path) {
+  std::error_code ec;
+  const std::filesystem::path p = std::filesystem::absolute(path, ec);
+  return ec ? path : p.lexically_normal().string();
 }
 
 }  // namespace examples

@@ -17,7 +17,7 @@ namespace examples {
 enum class Exit : int {
   Ok = 0,
   BadCommandLine = 1,
-  CannotWrite = 1,  // the picture's file
+  CannotWrite = 1,  // the picture's file, or the glTF file
   NoContext = 2,    // no display, EGL driver or OpenGL context
   GLError = 3,      // glGetError reported something while drawing
 };
@@ -40,5 +40,8 @@ CLI::Option* addSizeOption(CLI::App& app, int* width, int* height, const std::st
 // Parses argv into app's options. Returns the status to exit with when the program stops here:
 // Exit::Ok after printing the help, Exit::BadCommandLine after saying on stderr what is wrong.
 std::optional<int> parseCommandLine(CLI::App& app, int argc, const char* const* argv);
+
+// The path made absolute, for messages that say where a file went; as given when it cannot be.
+std::string absolutePath(const std::string& path);
 
 }  // namespace examples

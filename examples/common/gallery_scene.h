@@ -37,6 +37,10 @@ class GalleryScene {
   };
   const std::vector<Item>& items() const { return items_; }
   std::size_t shapeCount() const { return items_.size(); }
+  // The layers' scenes in drawing order, for writing them to one file.
+  std::vector<CGLScene*> scenes() {
+    return {&lit_.scene, &wire_.scene, &flat_.scene, &translucent_.scene};
+  }
 
  private:
   struct Layer {

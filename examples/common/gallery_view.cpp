@@ -20,12 +20,16 @@ constexpr GLfloat kFullAmbient[] = {1.0f, 1.0f, 1.0f, 1.0f};
 
 }  // namespace
 
+Camera homeCamera(const Layout& layout) {
+  return {kFieldOfView, layout.worldHeight() / 2 / std::tan(kFieldOfView / 2 * kPi / 180.0)};
+}
+
 void setUpView(const Layout& layout, const Orbit& orbit) {
   glViewport(0, 0, layout.width(), layout.height());
   glClearColor(kBackground.r / 255.0f, kBackground.g / 255.0f, kBackground.b / 255.0f, 1.0f);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 
-  const double distance = layout.worldHeight() / 2 / std::tan(kFieldOfView / 2 * kPi / 180.0);
+  const double distance = homeCamera(layout).distance;
   // Facing the camera the shapes stand within 4 units of the z = 0 plane; turned, the world's
   // corners swing towards and away from it.
   const double halfDiagonal = std::hypot(layout.worldWidth(), layout.worldHeight()) / 2;

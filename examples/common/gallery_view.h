@@ -19,6 +19,14 @@ struct Orbit {
   bool home() const { return !turned() && zoom == 1.0; }
 };
 
+// The camera at home: at (0, 0, distance) looking at the origin with +y up, its vertical field
+// of view in degrees.
+struct Camera {
+  double fieldOfView;
+  double distance;
+};
+Camera homeCamera(const Layout& layout);
+
 // Clears the picture and sets the state every draw starts from: viewport, a perspective camera
 // whose view of the z = 0 plane is exactly the layout's world (at home), two directional lights,
 // depth test and blending.

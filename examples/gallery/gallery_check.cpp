@@ -109,6 +109,20 @@ void checkCommandLine(const std::string& gallery, const std::string& path) {
         "no EGL driver exits 2");
 }
 
+// --gltf writes the scene beside the picture, binary or as JSON as the name says; a folder that
+// does not exist is a file that cannot be written.
+void checkGltf(const std::string& gallery, const std::string& path) {
+  for (const char* extension : {".glb", ".gltf"}) {
+    const std::string file = path + extension;
+    check(run({gallery, "--out", path, "--size", "300x250", "--gltf", file}) == code(Exit::Ok),
+          "--gltf " + file + " exits 0");
+    checkGltfFile(file, {"CGLTorus tube", "CGLSpring tension", "KHR_materials_unlit"});
+  }
+  check(run({gallery, "--out", path, "--gltf", path + ".missing/gallery.glb"}) ==
+            code(Exit::CannotWrite),
+        "--gltf into a missing folder exits 1");
+}
+
 // Every check of the gallery program, run with a temporary PNG at path.
 void checkGallery(const std::string& gallery, const std::string& path) {
   checkPicture(gallery, path, 900, 760, "");
@@ -119,6 +133,7 @@ void checkGallery(const std::string& gallery, const std::string& path) {
     return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
   });
   checkCommandLine(gallery, path);
+  checkGltf(gallery, path);
 }
 
 }  // namespace

@@ -50,6 +50,10 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
   app.add_option("--only", options->only, "draw one shape alone, e.g. for a bug report")
       ->type_name("NAME")
       ->check(kShapeName);
+  app.add_option("--gltf", options->gltf,
+                 "also write the scene as glTF 2.0 (binary unless FILE ends in .gltf), with the\n"
+                 "camera and cells beside it in FILE's name ending .view.json")
+      ->type_name("FILE");
   app.footer(shapeNames() + "\n\n" + examples::exitStatusHelp("OpenGL context"));
   return examples::parseCommandLine(app, argc, argv);
 }

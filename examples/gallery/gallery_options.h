@@ -11,6 +11,7 @@ struct Options {
   int width = 1200;
   int height = 1000;
   std::string only;  // one entry's name, or empty for all
+  std::string gltf;  // the scene as glTF too, when not empty
 };
 
 // Fills *options from argv. Returns the status to exit with when the program stops here: after

@@ -1,10 +1,8 @@
 // Renders the gallery of every shape and variant into a PNG, with no display: see --help.
 #include <cstddef>
-#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include <lumagrid/testing/EglContext.h>
@@ -12,6 +10,7 @@
 
 #include "command_line.h"
 #include "gallery_catalog.h"
+#include "gallery_gltf.h"
 #include "gallery_layout.h"
 #include "gallery_options.h"
 #include "gallery_scene.h"
@@ -20,12 +19,6 @@
 namespace {
 
 constexpr int kSamples = 4;
-
-std::string absolute(const std::string& path) {
-  std::error_code ec;
-  const std::filesystem::path p = std::filesystem::absolute(path, ec);
-  return ec ? path : p.lexically_normal().string();
-}
 
 }  // namespace
 
@@ -58,6 +51,12 @@ int main(int argc, char** argv) {
     gallery::GalleryScene scene(entries, layout);
     scene.draw();
     gallery::drawLabels(layout, labels);
+    std::string error;
+    if (!options.gltf.empty() &&
+        !gallery::writeGalleryGltf(scene, layout, labels, options.gltf, &error)) {
+      std::cerr << program << ": cannot write the glTF file: " << error << '\n';
+      return examples::code(examples::Exit::CannotWrite);
+    }
   }  // the scene's display lists go while the context is still current
   const std::vector<std::string> glErrors = headless::pendingGLErrors();
 
@@ -71,13 +70,17 @@ int main(int argc, char** argv) {
     for (const std::string& e : glErrors) {
       std::cerr << ' ' << e;
     }
-    std::cerr << " while drawing; the picture was written to " << absolute(options.out)
-              << " all the same\n";
+    std::cerr << " while drawing; the picture was written to "
+              << examples::absolutePath(options.out) << " all the same\n";
     return examples::code(examples::Exit::GLError);
   }
-  std::cout << "gallery: " << absolute(options.out) << " (" << options.width << 'x'
+  std::cout << "gallery: " << examples::absolutePath(options.out) << " (" << options.width << 'x'
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
             << "x multisampling, " << headless::EglContext::renderer() << ")\n";
+  if (!options.gltf.empty()) {
+    std::cout << "gallery: " << examples::absolutePath(options.gltf) << " and "
+              << examples::absolutePath(gallery::viewFileFor(options.gltf)) << '\n';
+  }
   return examples::code(examples::Exit::Ok);
 }

@@ -53,6 +53,16 @@ void showSelection(bool print) {
   }
 }
 
+// Writes the scene to the --gltf file and says so in the title, and on the terminal.
+void exportScene() {
+  std::string error;
+  const std::string path = examples::absolutePath(g_app->options.gltf);
+  const bool written = g_app->viewer->exportGltf(g_app->options.gltf, &error);
+  const std::string text = written ? "wrote " + path : "cannot write the glTF file: " + error;
+  glutSetWindowTitle(("Lumagrid viewer: " + text).c_str());
+  (written ? std::cout : std::cerr) << "viewer: " << text << std::endl;
+}
+
 // Ends the program; the scene's display lists go first, while the context is current. It exits
 // from here rather than from the main loop: freeglut's shutdown closes the display, and Mesa then
 // unloads its driver, leaving LeakSanitizer no names for what the driver keeps until exit.
@@ -200,6 +210,9 @@ void onKey(unsigned char key, int /*x*/, int /*y*/) {
     case 't':
       app.viewer->toggleSelectedTranslucent();
       showSelection(false);
+      break;
+    case 'e':
+      exportScene();
       break;
     case 'h':
       std::cout << viewer::keyList() << std::flush;

@@ -1,16 +1,10 @@
-// What the window title says about a picked shape: its class and parameters.
+// How the viewer tells a spring's drawing mode (the title's words come from
+// lumagrid::DescribeShape).
 #pragma once
 
-#include <string>
-
-class CGLObject;
 class CGLSpring;
 
 namespace viewer {
-
-// For example "CGLCone base 0.75 top 0 height 1.6 closed"; the class name alone for a class it
-// does not know.
-std::string describeShape(CGLObject& shape);
 
 // The spring's shaded mode: 0 draws its tube as a wireframe.
 int springShadedMode(CGLSpring& spring);

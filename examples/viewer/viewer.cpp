@@ -6,6 +6,7 @@
 #include <lumagrid/CGLScene.h>
 #include <lumagrid/CGLSpring.h>
 #include <lumagrid/CGLTorus.h>
+#include <lumagrid/ShapeDescription.h>
 
 #include <GL/gl.h>
 
@@ -14,6 +15,7 @@
 #include <optional>
 
 #include "gallery_catalog.h"
+#include "gallery_gltf.h"
 #include "id_pass.h"
 #include "pick.h"
 #include "ray_pick.h"
@@ -194,8 +196,12 @@ void Viewer::toggleSelectedTranslucent() {
 
 std::string Viewer::itemText(std::size_t i) const {
   const Item& item = scene_->items()[i];
-  return gallery::catalog()[item.entry].label + ": " + describeShape(*item.shape) +
+  return gallery::catalog()[item.entry].label + ": " + lumagrid::DescribeShape(*item.shape) +
          (hidden_[i] ? " (hidden)" : "");
+}
+
+bool Viewer::exportGltf(const std::string& path, std::string* error) {
+  return gallery::writeGalleryGltf(*scene_, layout_, labels_, path, error);
 }
 
 std::string Viewer::selectionText() const {

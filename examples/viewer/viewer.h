@@ -40,6 +40,9 @@ class Viewer {
   void toggleWireframe();
   void toggleSelectedVisible();
   void toggleSelectedTranslucent();
+  // Writes the scene, as shown, as glTF with its view file beside it (gallery_gltf.h). False,
+  // with the reason in *error, when it cannot.
+  bool exportGltf(const std::string& path, std::string* error);
 
   // "nothing", or the picked shape's cell label, class and parameters.
   std::string selectionText() const;

@@ -87,10 +87,28 @@ void checkClickOnBackground(const std::string& viewer, const std::string& path) 
   check(highlight < 5, "nothing shows the highlight colour (" + std::to_string(highlight) + ")");
 }
 
+// `e` writes the scene as shown, the picked cone in its highlight colour, to the --gltf file.
+void checkExport(const std::string& viewer, const std::string& path) {
+  const gallery::Layout layout(gallery::catalog().size(), kWidth, kHeight);
+  const gallery::Rect area = layout.shapeArea(gallery::findEntry(kClicked));
+  const std::string file = path + ".glb";
+  std::string out;
+  const int status =
+      run({viewer, "--size", std::to_string(kWidth) + "x" + std::to_string(kHeight), "--click",
+           std::to_string(area.x + area.width / 2) + "," + std::to_string(area.y + area.height / 2),
+           "--keys", "e", "--gltf", file},
+          {}, &out);
+  check(status == code(Exit::Ok), "viewer --keys e exits 0");
+  check(out.find("viewer: wrote " + absolutePath(file)) != std::string::npos,
+        "the viewer says where the scene went");
+  checkGltfFile(file, {"CGLCone base 0.75 top 0 height 1.6"});
+}
+
 // Every check of the viewer program, run with a temporary PNG at path.
 void checkViewer(const std::string& viewer, const std::string& path) {
   checkClickOnShape(viewer, path);
   checkClickOnBackground(viewer, path);
+  checkExport(viewer, path);
   checkSamePictureEveryRun(6, [&](Image* image) {
     std::string out;
     return runViewer(viewer, path, 1, 1, image, &out);

@@ -35,6 +35,10 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
   app.add_option("--screenshot", options->screenshot,
                  "write the window's content after the last frame as a PNG")
       ->type_name("FILE");
+  app.add_option("--gltf", options->gltf,
+                 "the file `e` writes the scene to as glTF (default lumagrid-viewer.glb; binary\n"
+                 "unless FILE ends in .gltf)")
+      ->type_name("FILE");
   app.footer(
       "Mouse: left drag orbits, left click picks (empty space clears the selection),\n"
       "right drag or the wheel zooms.\n\n" +
@@ -57,6 +61,7 @@ std::string keyList() {
          "  w      wireframe tubes (springs and tori) on, off\n"
          "  v      hide or show the selected shape\n"
          "  t      make the selected shape translucent, or opaque again\n"
+         "  e      write the scene as you see it to the --gltf file (the title says where)\n"
          "  h      print this list\n"
          "  q Esc  quit\n";
 }

@@ -17,7 +17,8 @@ struct Options {
   int frames = 0;          // 0: interactive; otherwise draw this many frames and exit
   std::string screenshot;  // written after the last frame when set
   std::optional<Click> click;
-  std::string keys;  // typed after the click, before the first frame
+  std::string keys;                          // typed after the click, before the first frame
+  std::string gltf = "lumagrid-viewer.glb";  // what `e` writes
 };
 
 // Fills *options from argv. Returns the status to exit with when the program stops here: after

@@ -20,6 +20,9 @@ struct SceneItem {
   CGLObject* shape;
   /// The enclosing groups' matrices, outermost first, then the shape's own.
   mat4x4 world;
+  /// Whether a draw of the scene shows the shape: the scene shows its shapes, and every
+  /// enclosing group and the shape itself are visible.
+  bool shown = true;
 };
 
 /// The scene's shapes in drawing order, groups expanded into their members, recursively, and

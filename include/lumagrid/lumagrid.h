@@ -41,6 +41,7 @@
 // Meshes, bounds and picking
 #include <lumagrid/Mesh.h>
 #include <lumagrid/SceneQuery.h>
+#include <lumagrid/ShapeDescription.h>
 
 // Start-up
 #include <lumagrid/lumagrid_module.h>

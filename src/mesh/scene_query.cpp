@@ -9,7 +9,7 @@ namespace lumagrid {
 std::vector<SceneItem> SceneItems(CGLScene& scene) {
   std::vector<SceneItem> items;
   for (const detail::SceneLeaf& leaf : detail::SceneLeaves(scene)) {
-    SceneItem item{leaf.shape, mat4x4()};
+    SceneItem item{leaf.shape, mat4x4(), leaf.shown};
     for (int i = 0; i < 16; ++i) {
       static_cast<double*>(item.world)[i] = leaf.world.e[static_cast<std::size_t>(i)];
     }

@@ -2,6 +2,7 @@
 #define LUMAGRID_SRC_MESH_SHAPE_FIELDS_H
 
 #include <lumagrid/CGLArrow.h>
+#include <lumagrid/CGLAxis.h>
 #include <lumagrid/CGLBelt.h>
 #include <lumagrid/CGLCylinder.h>
 #include <lumagrid/CGLGroup.h>
@@ -48,6 +49,13 @@ struct ArrowFields : CGLArrow {
   LUMAGRID_FIELD(CGLArrow, double, dFracLength)
   LUMAGRID_FIELD(CGLArrow, double, dFracRadius)
   LUMAGRID_FIELD(CGLArrow, int, nArrowNum)
+};
+
+struct AxisFields : CGLAxis {
+  using Reader = AxisFields;
+  LUMAGRID_FIELD(CGLAxis, bool, bLite)
+  LUMAGRID_FIELD(CGLAxis, double, dLength)
+  LUMAGRID_FIELD(CGLAxis, double, dRadius)
 };
 
 struct TorusFields : CGLTorus {

@@ -42,7 +42,28 @@ TEST_F(SceneQuery, ItemsComeInDrawingOrderWithHiddenOnesIncluded) {
   ASSERT_EQ(items.size(), order.size());
   for (std::size_t i = 0; i < items.size(); ++i) {
     EXPECT_EQ(items[i].shape, order[i]) << i;
+    EXPECT_EQ(items[i].shown, order[i] != added[3]) << i;
   }
+}
+
+TEST_F(SceneQuery, AnItemIsShownOnlyWhenTheSceneAndEveryEnclosingGroupShowIt) {
+  auto* outer = new CGLGroup;
+  auto* inner = new CGLGroup;
+  auto* deep = new CGLSphere(1.0);
+  auto* beside = new CGLSphere(1.0);
+  inner->Add(deep);
+  outer->Add(inner);
+  outer->Add(beside);
+  scene_.AddGLShape(outer);
+  inner->SetVisible(false);
+  std::vector<SceneItem> items = SceneItems(scene_);
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_FALSE(items[0].shown);  // its own flag says visible; its group hides it
+  EXPECT_TRUE(items[1].shown);
+  scene_.ShowGLShapes(0);
+  items = SceneItems(scene_);
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_FALSE(items[1].shown);
 }
 
 TEST_F(SceneQuery, GroupsOpenIntoTheirMembersWithTheGroupsMatrixFirst) {
