@@ -1,4 +1,4 @@
-// Prints the node and mesh counts that `assimp info` should report for a .glb or .gltf, worked out
+// Prints the node and mesh counts that `assimp info FILE --raw` should report for a .glb or .gltf, worked out
 // from the file's own JSON, as "NODES MESHES".
 //   node tests/web/assimp_counts.mjs FILE
 //
