@@ -230,19 +230,25 @@ TEST_F(WriteGltf, AShearIsAppliedToTheVerticesAndTheNodeHasNoMatrix) {
   auto* moved = new CGLPolyline;
   moved->AddVertex(0.0, 0.0, 0.0);
   moved->AddVertex(0.0, 1.0, 0.0);
+  moved->AddVertex(0.0, 2.0, 0.0);
   moved->Move(5.0, 0.0, 0.0);
   scene_.AddGLShape(moved);
   const tinygltf::Model model = RoundTrip();
   ASSERT_EQ(model.nodes.size(), 2u);
-  EXPECT_TRUE(model.nodes[0].matrix.empty());
+  // The scene draws in an order of its own: tell the two apart by their names.
+  const bool shearedFirst = model.nodes[0].name == "CGLPolyline vertices 2";
+  const std::size_t shearedNode = shearedFirst ? 0 : 1;
+  const std::size_t movedNode = shearedFirst ? 1 : 0;
+  EXPECT_EQ(model.nodes[movedNode].name, "CGLPolyline vertices 3");
+  EXPECT_TRUE(model.nodes[shearedNode].matrix.empty());
   const std::vector<float> sheared =
-      gltftest::Floats(model, PrimitiveOf(model, 0).attributes.at("POSITION"));
+      gltftest::Floats(model, PrimitiveOf(model, shearedNode).attributes.at("POSITION"));
   ASSERT_EQ(sheared.size(), 6u);
   const float half = static_cast<float>(std::sqrt(0.5));
   EXPECT_FLOAT_EQ(sheared[3], 2.0f * half);
   EXPECT_FLOAT_EQ(sheared[4], half);
   // A plain move stays in the node.
-  EXPECT_EQ(model.nodes[1].matrix.size(), 16u);
+  EXPECT_EQ(model.nodes[movedNode].matrix.size(), 16u);
 }
 
 TEST_F(WriteGltf, WritesNothingButTheFile) {
