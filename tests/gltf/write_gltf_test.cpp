@@ -296,6 +296,32 @@ TEST_F(WriteGltf, FailsOnANonFiniteMatrixNamingTheShape) {
   ExpectFails(scene_, Path("nan.glb"), "the world matrix of \"CGLSphere radius 1\" is not finite");
 }
 
+TEST_F(WriteGltf, FailsOnAMatrixBeyondAFloatsRange) {
+  auto* sphere = new CGLSphere(1.0);
+  sphere->Move(1e39, 0.0, 0.0);
+  scene_.AddGLShape(sphere);
+  ExpectFails(scene_, Path("huge.glb"),
+              "the world matrix of \"CGLSphere radius 1\" is not finite in single precision");
+}
+
+TEST_F(WriteGltf, LeavesOutSegmentsBeyondAFloatsRange) {
+  auto* line = new CGLPolyline;
+  line->AddVertex(0.0, 0.0, 0.0);
+  line->AddVertex(1.0, 0.0, 0.0);
+  line->AddVertex(1e39, 0.0, 0.0);
+  scene_.AddGLShape(line);
+  const tinygltf::Model model = RoundTrip();
+  EXPECT_EQ(gltftest::Indices(model, PrimitiveOf(model, 0).indices),
+            (std::vector<std::uint32_t>{0, 1}));
+  // With nothing else to show, nothing is left to write.
+  CGLScene far;
+  auto* alone = new CGLPolyline;
+  alone->AddVertex(0.0, 0.0, 0.0);
+  alone->AddVertex(1e39, 0.0, 0.0);
+  far.AddGLShape(alone);
+  ExpectFails(far, Path("far.glb"), "the scene shows no shape with finite geometry");
+}
+
 TEST_F(WriteGltf, FailsOnANonFiniteColour) {
   auto* sphere = new CGLSphere(1.0);
   sphere->ColorSet(kNaN, 0.0, 0.0, 1.0);
