@@ -16,6 +16,19 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
+struct Xyz {
+  double x, y, z;
+};
+
+// A polyline through the points, made on the heap for a scene to own.
+CGLPolyline* Polyline(std::initializer_list<Xyz> points) {
+  auto* line = new CGLPolyline;
+  for (const Xyz& p : points) {
+    line->AddVertex(p.x, p.y, p.z);
+  }
+  return line;
+}
+
 class WriteGltf : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -117,10 +130,7 @@ TEST_F(WriteGltf, ColoursOutsideTheUnitRangeAreClamped) {
 }
 
 TEST_F(WriteGltf, LineShapesAreUnlitLinesWithoutNormals) {
-  auto* line = new CGLPolyline;
-  line->AddVertex(0.0, 0.0, 0.0);
-  line->AddVertex(1.0, 0.0, 0.0);
-  line->AddVertex(1.0, 1.0, 0.0);
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, {1.0, 1.0, 0.0}});
   scene_.AddGLShape(line);
   const tinygltf::Model model = RoundTrip();
   const tinygltf::Primitive& primitive = PrimitiveOf(model, 0);
@@ -220,17 +230,12 @@ TEST_F(WriteGltf, AShearIsAppliedToTheVerticesAndTheNodeHasNoMatrix) {
   // A group stretched along x around a member turned 45 degrees: the member's world matrix
   // shears, which a node's matrix may not.
   auto* group = new CGLGroup;
-  auto* line = new CGLPolyline;
-  line->AddVertex(0.0, 0.0, 0.0);
-  line->AddVertex(1.0, 0.0, 0.0);
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}});
   line->RotateZ(3.14159265358979323846 / 4.0);
   group->Scale(2.0, 1.0, 1.0);
   group->Add(line);
   scene_.AddGLShape(group);
-  auto* moved = new CGLPolyline;
-  moved->AddVertex(0.0, 0.0, 0.0);
-  moved->AddVertex(0.0, 1.0, 0.0);
-  moved->AddVertex(0.0, 2.0, 0.0);
+  auto* moved = Polyline({{0.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 2.0, 0.0}});
   moved->Move(5.0, 0.0, 0.0);
   scene_.AddGLShape(moved);
   const tinygltf::Model model = RoundTrip();
@@ -305,19 +310,14 @@ TEST_F(WriteGltf, FailsOnAMatrixBeyondAFloatsRange) {
 }
 
 TEST_F(WriteGltf, LeavesOutSegmentsBeyondAFloatsRange) {
-  auto* line = new CGLPolyline;
-  line->AddVertex(0.0, 0.0, 0.0);
-  line->AddVertex(1.0, 0.0, 0.0);
-  line->AddVertex(1e39, 0.0, 0.0);
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, {1e39, 0.0, 0.0}});
   scene_.AddGLShape(line);
   const tinygltf::Model model = RoundTrip();
   EXPECT_EQ(gltftest::Indices(model, PrimitiveOf(model, 0).indices),
             (std::vector<std::uint32_t>{0, 1}));
   // With nothing else to show, nothing is left to write.
   CGLScene far;
-  auto* alone = new CGLPolyline;
-  alone->AddVertex(0.0, 0.0, 0.0);
-  alone->AddVertex(1e39, 0.0, 0.0);
+  auto* alone = Polyline({{0.0, 0.0, 0.0}, {1e39, 0.0, 0.0}});
   far.AddGLShape(alone);
   ExpectFails(far, Path("far.glb"), "the scene shows no shape with finite geometry");
 }
