@@ -64,8 +64,8 @@ if(WITH_GLTF)
   run(${PKG_CONFIG} --cflags --libs lumagrid-gltf)
   string(STRIP "${last_output}" gltf_flags)
   separate_arguments(gltf_flags UNIX_COMMAND "${gltf_flags}")
-  run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/gltf_host.cpp" -o "${WORK_DIR}/gltf_host_pc"
-      ${gltf_flags} -Wl,-rpath,${prefix}/${LIBDIR})
+  run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/gltf_host.cpp"
+      -o "${WORK_DIR}/gltf_host_pc" ${gltf_flags} -Wl,-rpath,${prefix}/${LIBDIR})
   run("${WORK_DIR}/gltf_host_pc")
   message(STATUS "pkg-config, gltf_host: ${last_output}")
 endif()
