@@ -3,8 +3,10 @@
 #   liblumagrid0.1           runtime  the shared library and its SONAME link
 #   liblumagrid-dev          dev      headers, archive, .so link, CMake package, lumagrid.pc
 #   liblumagrid-testing-dev  testing  the testing kit
-# The runtime package is named after the SONAME (liblumagrid.so.0.1), so that two minor versions
-# with different ABIs can be installed side by side.
+#   liblumagrid-gltf0.1      gltf      the glTF export's shared library and its SONAME link
+#   liblumagrid-gltf-dev     gltf-dev  its header, .so link, CMake file and lumagrid-gltf.pc
+# The library packages are named after their SONAMEs (liblumagrid.so.0.1, liblumagrid-gltf.so.0.1),
+# so that two minor versions with different ABIs can be installed side by side.
 
 set(LUMAGRID_PACKAGE_MAINTAINER "Lumagrid developers <lumagrid@lumagrid.invalid>"
     CACHE STRING "Maintainer field of the Debian packages")
@@ -23,6 +25,22 @@ if(NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
 endif()
 
 set(LUMAGRID_RUNTIME_PACKAGE "liblumagrid${LUMAGRID_SOVERSION}")
+set(LUMAGRID_GLTF_PACKAGE "liblumagrid-gltf${LUMAGRID_SOVERSION}")
+
+# The packages as `install component:package`. The testing kit's and the glTF export's are absent
+# when their options are off.
+set(_lumagrid_packages "runtime:${LUMAGRID_RUNTIME_PACKAGE}" "dev:liblumagrid-dev")
+if(LUMAGRID_INSTALL_TESTING_KIT)
+  list(APPEND _lumagrid_packages "testing:liblumagrid-testing-dev")
+endif()
+if(LUMAGRID_BUILD_GLTF)
+  list(APPEND _lumagrid_packages "gltf:${LUMAGRID_GLTF_PACKAGE}" "gltf-dev:liblumagrid-gltf-dev")
+endif()
+set(CPACK_COMPONENTS_ALL "")
+foreach(_lumagrid_item IN LISTS _lumagrid_packages)
+  string(REGEX REPLACE ":.*" "" _lumagrid_component "${_lumagrid_item}")
+  list(APPEND CPACK_COMPONENTS_ALL ${_lumagrid_component})
+endforeach()
 
 # Every package carries its copyright file and the changelog, gzip -9n (no name, no timestamp)
 # as Debian wants them, in /usr/share/doc/<package>. They belong to packages, not to an install
@@ -37,10 +55,9 @@ if(LUMAGRID_GZIP)
   if(NOT _lumagrid_gzip_result EQUAL 0)
     message(FATAL_ERROR "gzip failed on ${_lumagrid_debian}/changelog")
   endif()
-  foreach(_lumagrid_pair IN ITEMS "runtime;${LUMAGRID_RUNTIME_PACKAGE}" "dev;liblumagrid-dev"
-                                  "testing;liblumagrid-testing-dev")
-    list(GET _lumagrid_pair 0 _lumagrid_component)
-    list(GET _lumagrid_pair 1 _lumagrid_package)
+  foreach(_lumagrid_item IN LISTS _lumagrid_packages)
+    string(REGEX REPLACE ":.*" "" _lumagrid_component "${_lumagrid_item}")
+    string(REGEX REPLACE ".*:" "" _lumagrid_package "${_lumagrid_item}")
     install(FILES "${PROJECT_BINARY_DIR}/debian/copyright"
                   "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz"
             DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${_lumagrid_package}
@@ -59,12 +76,6 @@ set(CPACK_STRIP_FILES ON)
 # Each package's synopsis is the first line of its own description below; CPack would put the
 # project's description in front of it.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
-# The testing kit's component is absent when LUMAGRID_INSTALL_TESTING_KIT is off.
-if(LUMAGRID_INSTALL_TESTING_KIT)
-  set(CPACK_COMPONENTS_ALL runtime dev testing)
-else()
-  set(CPACK_COMPONENTS_ALL runtime dev)
-endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -132,5 +143,55 @@ recording OpenGL, GLU and GLE double with its GoogleMock matchers
 (Lumagrid::glrecorder, lumagrid-glrecorder.pc) and the headless EGL context
 with pixel read-back and PNG output (Lumagrid::headless,
 lumagrid-headless.pc). Its guide is /usr/share/doc/lumagrid/testing-kit.md.")
+
+set(CPACK_DEBIAN_GLTF_PACKAGE_NAME "${LUMAGRID_GLTF_PACKAGE}")
+set(CPACK_DEBIAN_GLTF_PACKAGE_SECTION libs)
+# Depends from the binary through dpkg-shlibdeps, as for the runtime package: liblumagrid0.1 (by
+# the shlibs tree below), libtinygltf2d, libstdc++6, libc6.
+set(CPACK_DEBIAN_GLTF_PACKAGE_SHLIBDEPS ON)
+# The ldconfig trigger, and the scripts that only exit, as for the runtime package.
+set(CPACK_DEBIAN_GLTF_PACKAGE_CONTROL_EXTRA "${CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA}")
+set(CPACK_DEBIAN_GLTF_DESCRIPTION
+    "retained-mode 3D shapes on OpenGL, GLU and GLE - glTF export library
+${_lumagrid_about}
+
+This package contains the glTF export's shared library, which writes a
+scene's shown shapes as a glTF 2.0 file (.glb or .gltf) without a GL
+context.")
+
+set(CPACK_DEBIAN_GLTF-DEV_PACKAGE_NAME liblumagrid-gltf-dev)
+set(CPACK_DEBIAN_GLTF-DEV_PACKAGE_SECTION libdevel)
+# tinygltf stays inside the shared library: a consumer needs only its runtime package, which
+# liblumagrid-gltf0.1 brings.
+set(CPACK_COMPONENT_GLTF-DEV_DEPENDS gltf dev)
+set(CPACK_DEBIAN_GLTF-DEV_PACKAGE_SUGGESTS "cmake, pkg-config")
+set(CPACK_DEBIAN_GLTF-DEV_DESCRIPTION
+    "retained-mode 3D shapes on OpenGL, GLU and GLE - glTF export development files
+${_lumagrid_about}
+
+This package contains the glTF export's header (lumagrid/GltfExport.h), the
+CMake component (find_package(Lumagrid COMPONENTS gltf): Lumagrid::gltf) and
+the pkg-config file lumagrid-gltf.pc.")
+
+# dpkg-shlibdeps learns which package provides a library, and its shlibs line, from that
+# package's build tree: a folder holding DEBIAN/shlibs and the library. liblumagrid0.1 is not
+# installed where the packages are built, so its tree is laid out here, with the line CPack writes
+# into the runtime package, and liblumagrid-gltf0.1 comes out depending on it as any other package
+# linked with the library would.
+if(LUMAGRID_BUILD_GLTF)
+  set(_lumagrid_shlibs_tree "${PROJECT_BINARY_DIR}/debian/shlibdeps/${LUMAGRID_RUNTIME_PACKAGE}")
+  set(_lumagrid_version "${PROJECT_VERSION}-${LUMAGRID_DEBIAN_REVISION}")
+  file(WRITE "${_lumagrid_shlibs_tree}/DEBIAN/shlibs"
+       "liblumagrid ${LUMAGRID_SOVERSION} ${LUMAGRID_RUNTIME_PACKAGE} "
+       "(${CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY} ${_lumagrid_version})\n")
+  set(_lumagrid_shlibs_link "${_lumagrid_shlibs_tree}/lib/liblumagrid.so.${LUMAGRID_SOVERSION}")
+  add_custom_command(OUTPUT "${_lumagrid_shlibs_link}"
+    COMMAND ${CMAKE_COMMAND} -E make_directory "${_lumagrid_shlibs_tree}/lib"
+    COMMAND ${CMAKE_COMMAND} -E create_symlink "$<TARGET_FILE:lumagrid>" "${_lumagrid_shlibs_link}"
+    DEPENDS lumagrid
+    VERBATIM)
+  add_custom_target(lumagrid_shlibs_tree ALL DEPENDS "${_lumagrid_shlibs_link}")
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${_lumagrid_shlibs_tree}/lib")
+endif()
 
 include(CPack)

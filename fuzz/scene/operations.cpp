@@ -7,12 +7,14 @@
 #include <lumagrid/SceneQuery.h>
 #include <lumagrid/testing/GLRecorder.h>
 
+#include "scene/export.h"
 #include "scene/shapes.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace scenefuzz {
@@ -113,6 +115,9 @@ void SceneOperations::Step(int op) {
     case kQuery:
       Query();
       break;
+    case kExport:
+      Export();
+      break;
     default:
       break;
   }
@@ -139,6 +144,23 @@ void SceneOperations::Query() {
     FUZZ_CHECK(hit.shape == nullptr && hit.distance == -1.0);
   }
   FUZZ_CHECK(glrecorder::recorder().calls().empty());
+}
+
+// The glTF export's document of the scene, as WriteGltf builds it before writing: no drawing call,
+// and a document a reader can trust (scene/export.h).
+void SceneOperations::Export() {
+  lumagrid::GltfOptions options;
+  options.highlightSelected = (m_in.Byte() & 1) != 0;
+  CGLScene library;
+  AddLibraryShapes(m_in, library);
+  for (CGLScene* scene : {m_scene.get(), &library}) {
+    glrecorder::recorder().clearCalls();
+    CheckExport(*scene, options);
+    // Meshing a tube reads GLE's number of sides, as compiling its list would.
+    for (const std::string& call : glrecorder::recorder().log()) {
+      FUZZ_CHECK(call.rfind("gleGetNumSides", 0) == 0);
+    }
+  }
 }
 
 // ------------------------------------------------------------ picking

@@ -39,6 +39,7 @@ enum Op : int {
   kTessellation,
   kForgetLists,
   kQuery,
+  kExport,
   kOpCount
 };
 
@@ -73,6 +74,7 @@ class SceneOperations {
   void ArrowSetters();
   void NullRoundTrip();
   void Query();
+  void Export();
   void Finish();
 
   // Runs f, which must destroy exactly `expected`, and forgets them.

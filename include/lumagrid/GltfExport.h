@@ -45,7 +45,9 @@ struct GltfOptions {
 ///
 /// Fails, leaving no file at `path` (nor a partial one) and writing why to `*error` when
 /// `error` is not null, when: `path` is empty or cannot be written; the scene shows no shape
-/// with geometry; a shown shape's world matrix or colour holds a value that is not finite.
+/// with geometry; a shown shape's world matrix holds a value that is not finite or beyond a
+/// float's range, or its colour one that is not finite. Triangles and segments with a vertex
+/// beyond a float's range are left out, as GL would get them infinite.
 /// A file already at `path` is replaced only by a complete new one.
 /// @return true when the file was written.
 LUMAGRID_GLTF_API bool WriteGltf(CGLScene& scene, const std::string& path,

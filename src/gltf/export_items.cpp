@@ -6,6 +6,7 @@
 #include <lumagrid/ShapeDescription.h>
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 
 #include "gltf/node_matrix.h"
@@ -18,8 +19,9 @@ bool HasPrimitives(const Mesh& mesh) {
                      [](const MeshPart& part) { return !part.indices.empty(); });
 }
 
-bool AllFinite(const GlMatrix& m) {
-  return std::all_of(m.begin(), m.end(), [](double v) { return std::isfinite(v); });
+// Readers, like GL, take a node's matrix in single precision.
+bool FitsInFloats(const GlMatrix& m) {
+  return std::all_of(m.begin(), m.end(), [](double v) { return std::fabs(v) <= FLT_MAX; });
 }
 
 // The colour GL would be given, as the floats glMaterialfv takes; glTF wants [0, 1].
@@ -50,8 +52,8 @@ bool CollectSceneItems(CGLScene& scene, const GltfOptions& options, std::vector<
     }
     item.name = DescribeShape(*shown.shape);
     std::copy_n(static_cast<const double*>(shown.world), 16, item.matrix.begin());
-    if (!AllFinite(item.matrix)) {
-      error = "the world matrix of \"" + item.name + "\" is not finite";
+    if (!FitsInFloats(item.matrix)) {
+      error = "the world matrix of \"" + item.name + "\" is not finite in single precision";
       return false;
     }
     if (!ColourOf(*shown.shape, options, item.colour)) {

@@ -1,6 +1,7 @@
 #include "gltf/gltf_model.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -26,8 +27,9 @@ struct FloatPart {
   std::vector<std::uint32_t> indices;
 };
 
-bool Finite(const vec3d& v) {
-  return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
+// Finite once written as floats: a coordinate beyond a float's range would become infinite.
+bool FiniteAsFloats(const vec3d& v) {
+  return std::fabs(v.x()) <= FLT_MAX && std::fabs(v.y()) <= FLT_MAX && std::fabs(v.z()) <= FLT_MAX;
 }
 
 void Append(std::vector<float>& out, const vec3d& v) {
@@ -42,7 +44,7 @@ void AppendUnit(std::vector<float>& out, const vec3d& n) {
                            : vec3d(0.0, 0.0, 1.0));
 }
 
-// Leaves out primitives with a vertex that is not finite (a projective matrix applied to the
+// Leaves out primitives with a vertex that is not finite as a float (a matrix applied to the
 // mesh can make one) and the vertices no primitive uses.
 FloatPart Compacted(const MeshPart& part) {
   FloatPart out;
@@ -55,7 +57,7 @@ FloatPart Compacted(const MeshPart& part) {
     const auto begin = part.indices.begin() + static_cast<std::ptrdiff_t>(first);
     const bool finite =
         std::all_of(begin, begin + static_cast<std::ptrdiff_t>(corners),
-                    [&](std::uint32_t i) { return Finite(part.vertices[i].position); });
+                    [&](std::uint32_t i) { return FiniteAsFloats(part.vertices[i].position); });
     if (!finite) {
       continue;
     }

@@ -16,6 +16,19 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
+struct Xyz {
+  double x, y, z;
+};
+
+// A polyline through the points, made on the heap for a scene to own.
+CGLPolyline* Polyline(std::initializer_list<Xyz> points) {
+  auto* line = new CGLPolyline;
+  for (const Xyz& p : points) {
+    line->AddVertex(p.x, p.y, p.z);
+  }
+  return line;
+}
+
 class WriteGltf : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -117,10 +130,7 @@ TEST_F(WriteGltf, ColoursOutsideTheUnitRangeAreClamped) {
 }
 
 TEST_F(WriteGltf, LineShapesAreUnlitLinesWithoutNormals) {
-  auto* line = new CGLPolyline;
-  line->AddVertex(0.0, 0.0, 0.0);
-  line->AddVertex(1.0, 0.0, 0.0);
-  line->AddVertex(1.0, 1.0, 0.0);
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, {1.0, 1.0, 0.0}});
   scene_.AddGLShape(line);
   const tinygltf::Model model = RoundTrip();
   const tinygltf::Primitive& primitive = PrimitiveOf(model, 0);
@@ -220,29 +230,30 @@ TEST_F(WriteGltf, AShearIsAppliedToTheVerticesAndTheNodeHasNoMatrix) {
   // A group stretched along x around a member turned 45 degrees: the member's world matrix
   // shears, which a node's matrix may not.
   auto* group = new CGLGroup;
-  auto* line = new CGLPolyline;
-  line->AddVertex(0.0, 0.0, 0.0);
-  line->AddVertex(1.0, 0.0, 0.0);
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}});
   line->RotateZ(3.14159265358979323846 / 4.0);
   group->Scale(2.0, 1.0, 1.0);
   group->Add(line);
   scene_.AddGLShape(group);
-  auto* moved = new CGLPolyline;
-  moved->AddVertex(0.0, 0.0, 0.0);
-  moved->AddVertex(0.0, 1.0, 0.0);
+  auto* moved = Polyline({{0.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 2.0, 0.0}});
   moved->Move(5.0, 0.0, 0.0);
   scene_.AddGLShape(moved);
   const tinygltf::Model model = RoundTrip();
   ASSERT_EQ(model.nodes.size(), 2u);
-  EXPECT_TRUE(model.nodes[0].matrix.empty());
+  // The scene draws in an order of its own: tell the two apart by their names.
+  const bool shearedFirst = model.nodes[0].name == "CGLPolyline vertices 2";
+  const std::size_t shearedNode = shearedFirst ? 0 : 1;
+  const std::size_t movedNode = shearedFirst ? 1 : 0;
+  EXPECT_EQ(model.nodes[movedNode].name, "CGLPolyline vertices 3");
+  EXPECT_TRUE(model.nodes[shearedNode].matrix.empty());
   const std::vector<float> sheared =
-      gltftest::Floats(model, PrimitiveOf(model, 0).attributes.at("POSITION"));
+      gltftest::Floats(model, PrimitiveOf(model, shearedNode).attributes.at("POSITION"));
   ASSERT_EQ(sheared.size(), 6u);
   const float half = static_cast<float>(std::sqrt(0.5));
   EXPECT_FLOAT_EQ(sheared[3], 2.0f * half);
   EXPECT_FLOAT_EQ(sheared[4], half);
   // A plain move stays in the node.
-  EXPECT_EQ(model.nodes[1].matrix.size(), 16u);
+  EXPECT_EQ(model.nodes[movedNode].matrix.size(), 16u);
 }
 
 TEST_F(WriteGltf, WritesNothingButTheFile) {
@@ -288,6 +299,27 @@ TEST_F(WriteGltf, FailsOnANonFiniteMatrixNamingTheShape) {
   sphere->Move(kNaN, 0.0, 0.0);
   scene_.AddGLShape(sphere);
   ExpectFails(scene_, Path("nan.glb"), "the world matrix of \"CGLSphere radius 1\" is not finite");
+}
+
+TEST_F(WriteGltf, FailsOnAMatrixBeyondAFloatsRange) {
+  auto* sphere = new CGLSphere(1.0);
+  sphere->Move(1e39, 0.0, 0.0);
+  scene_.AddGLShape(sphere);
+  ExpectFails(scene_, Path("huge.glb"),
+              "the world matrix of \"CGLSphere radius 1\" is not finite in single precision");
+}
+
+TEST_F(WriteGltf, LeavesOutSegmentsBeyondAFloatsRange) {
+  auto* line = Polyline({{0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, {1e39, 0.0, 0.0}});
+  scene_.AddGLShape(line);
+  const tinygltf::Model model = RoundTrip();
+  EXPECT_EQ(gltftest::Indices(model, PrimitiveOf(model, 0).indices),
+            (std::vector<std::uint32_t>{0, 1}));
+  // With nothing else to show, nothing is left to write.
+  CGLScene far;
+  auto* alone = Polyline({{0.0, 0.0, 0.0}, {1e39, 0.0, 0.0}});
+  far.AddGLShape(alone);
+  ExpectFails(far, Path("far.glb"), "the scene shows no shape with finite geometry");
 }
 
 TEST_F(WriteGltf, FailsOnANonFiniteColour) {

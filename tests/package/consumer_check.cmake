@@ -2,21 +2,29 @@
 # the consumer example against it twice: through find_package(Lumagrid) and
 # through pkg-config. Any packaging mistake fails here.
 #   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] [-DPREFIX=...]
-#         -P consumer_check.cmake
+#         [-DWITH_GLTF=OFF] -P consumer_check.cmake
 # LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given. PREFIX names a
-# tree installed already (then BUILD_DIR is not needed and nothing is installed).
+# tree installed already (then BUILD_DIR is not needed and nothing is installed). WITH_GLTF=OFF
+# leaves out the glTF host, for a tree built with LUMAGRID_BUILD_GLTF=OFF.
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
+if(NOT DEFINED WITH_GLTF)
+  set(WITH_GLTF ON)
+endif()
 install_tree()
 
 expect_installed(include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
                  ${LIBDIR}/cmake/Lumagrid/LumagridConfigVersion.cmake ${LIBDIR}/cmake/Lumagrid/FindGLE.cmake
                  ${LIBDIR}/pkgconfig/lumagrid.pc ${LIBDIR}/liblumagrid.a)
+if(WITH_GLTF)
+  expect_installed(include/lumagrid/GltfExport.h ${LIBDIR}/cmake/Lumagrid/LumagridGltfTargets.cmake
+                   ${LIBDIR}/pkgconfig/lumagrid-gltf.pc ${LIBDIR}/liblumagrid-gltf.so)
+endif()
 
 # find_package: shared and static consumers.
 set(cmake_build "${WORK_DIR}/cmake-consumer")
 run(${CMAKE_COMMAND} -S "${SOURCE_DIR}/examples/consumer" -B "${cmake_build}"
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release)
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release -DCONSUMER_WITH_GLTF=${WITH_GLTF})
 run(${CMAKE_COMMAND} --build "${cmake_build}")
 run("${cmake_build}/consumer_shared")
 message(STATUS "shared: ${last_output}")
@@ -33,6 +41,10 @@ if(CMAKE_HOST_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64" OR EXISTS "${cmake_build}/
   run("${cmake_build}/fma_host")
   message(STATUS "FMA host: ${last_output}")
 endif()
+if(WITH_GLTF)
+  run("${cmake_build}/gltf_host")
+  message(STATUS "glTF host: ${last_output}")
+endif()
 
 # pkg-config, the way a Makefile user links.
 find_program(PKG_CONFIG pkg-config REQUIRED)
@@ -47,6 +59,16 @@ foreach(program main gl_host mesh_host)
   run("${WORK_DIR}/${program}_pc")
   message(STATUS "pkg-config, ${program}: ${last_output}")
 endforeach()
+# The glTF host through lumagrid-gltf.pc, which requires lumagrid.pc.
+if(WITH_GLTF)
+  run(${PKG_CONFIG} --cflags --libs lumagrid-gltf)
+  string(STRIP "${last_output}" gltf_flags)
+  separate_arguments(gltf_flags UNIX_COMMAND "${gltf_flags}")
+  run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/gltf_host.cpp"
+      -o "${WORK_DIR}/gltf_host_pc" ${gltf_flags} -Wl,-rpath,${prefix}/${LIBDIR})
+  run("${WORK_DIR}/gltf_host_pc")
+  message(STATUS "pkg-config, gltf_host: ${last_output}")
+endif()
 # The same GL host linked statically: the archive by name, then what pkg-config lists.
 run(${PKG_CONFIG} --libs-only-other --libs-only-l lumagrid)
 string(STRIP "${last_output}" libs)

@@ -1,12 +1,13 @@
-# Installs the three Debian packages into a scratch root with dpkg, checks what each contains and
-# declares, then builds and runs the consumer example (find_package and pkg-config) and the
-# host-test example (the testing kit) against that root. scripts/package runs it.
+# Installs the five Debian packages into a scratch root with dpkg, checks what each contains and
+# declares, then builds and runs the consumer example (find_package and pkg-config, the glTF host
+# included) and the host-test example (the testing kit) against that root. scripts/package runs it.
 #   cmake -DPACKAGES_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -DLIBDIR=lib/x86_64-linux-gnu
 #         -P deb_check.cmake
 # dpkg rather than `dpkg-deb -x`: it also proves that the packages install together, that no file
 # belongs to two of them, and that their maintainer scripts run. --force-depends because the
-# scratch root holds none of their dependencies: the examples take GL, GLU, GLE, EGL, libpng and
-# GoogleTest from this machine, where each dependency is checked to be an installed package.
+# scratch root holds none of their dependencies: the examples take GL, GLU, GLE, EGL, libpng,
+# GoogleTest and tinygltf from this machine, where each dependency is checked to be an installed
+# package.
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 
@@ -16,8 +17,8 @@ file(REMOVE_RECURSE "${WORK_DIR}")
 # ---------------------------------------------------------------- the .deb files
 file(GLOB debs "${PACKAGES_DIR}/*.deb")
 list(LENGTH debs n)
-if(NOT n EQUAL 3)
-  message(FATAL_ERROR "expected 3 packages in ${PACKAGES_DIR}, found ${n}: ${debs}")
+if(NOT n EQUAL 5)
+  message(FATAL_ERROR "expected 5 packages in ${PACKAGES_DIR}, found ${n}: ${debs}")
 endif()
 # The runtime package is named after the SONAME: liblumagrid0.1 for liblumagrid.so.0.1.
 file(GLOB deb "${PACKAGES_DIR}/liblumagrid[0-9]*_*.deb")
@@ -25,7 +26,9 @@ run(dpkg-deb -f "${deb}" Package)
 string(STRIP "${last_output}" runtime)
 string(REGEX REPLACE "^liblumagrid" "" soversion "${runtime}")
 string(REPLACE "." "\\." soversion_re "${soversion}")
-set(packages ${runtime} liblumagrid-dev liblumagrid-testing-dev)
+set(gltf "liblumagrid-gltf${soversion}")
+set(libraries ${runtime} ${gltf})
+set(packages ${runtime} liblumagrid-dev liblumagrid-testing-dev ${gltf} liblumagrid-gltf-dev)
 foreach(pkg IN LISTS packages)
   file(GLOB deb "${PACKAGES_DIR}/${pkg}_*.deb")
   if(NOT deb)
@@ -39,8 +42,9 @@ foreach(pkg IN LISTS packages)
 endforeach()
 set(version "${Version_${runtime}}")
 
-# Sections, and the exact-version chain between the three.
-foreach(pair "${runtime};libs" "liblumagrid-dev;libdevel" "liblumagrid-testing-dev;libdevel")
+# Sections, and the exact-version chain between them.
+foreach(pair "${runtime};libs" "liblumagrid-dev;libdevel" "liblumagrid-testing-dev;libdevel"
+        "${gltf};libs" "liblumagrid-gltf-dev;libdevel")
   list(GET pair 0 pkg)
   list(GET pair 1 section)
   if(NOT Section_${pkg} STREQUAL section)
@@ -58,9 +62,15 @@ function(expect_depends pkg what)
 endfunction()
 expect_depends(liblumagrid-dev "${runtime} (= ${version})")
 expect_depends(liblumagrid-testing-dev "liblumagrid-dev (= ${version})")
-# From the binary, through dpkg-shlibdeps.
+expect_depends(liblumagrid-gltf-dev "${gltf} (= ${version})")
+expect_depends(liblumagrid-gltf-dev "liblumagrid-dev (= ${version})")
+# From the binaries, through dpkg-shlibdeps; the glTF export's liblumagrid0.1 through the runtime
+# package's shlibs line.
 foreach(dep libgl1 libglu1-mesa libgle3 libc6 libstdc++6)
   expect_depends(${runtime} "${dep}")
+endforeach()
+foreach(dep "${runtime} (>= ${version})" libtinygltf2d libc6 libstdc++6)
+  expect_depends(${gltf} "${dep}")
 endforeach()
 foreach(dep libgl-dev libglu1-mesa-dev libgle3-dev)
   expect_depends(liblumagrid-dev "${dep}")
@@ -93,15 +103,18 @@ foreach(pkg IN LISTS packages)
   endforeach()
 endforeach()
 
-# The runtime package's shlibs file and the ldconfig trigger.
-run(dpkg-deb -I "${deb_${runtime}}" shlibs)
-if(NOT last_output MATCHES "^liblumagrid ${soversion_re} ${runtime} \\(>= ${version}\\)")
-  message(FATAL_ERROR "${runtime}: unexpected shlibs file: ${last_output}")
-endif()
-run(dpkg-deb -I "${deb_${runtime}}" triggers)
-if(NOT last_output MATCHES "activate-noawait ldconfig")
-  message(FATAL_ERROR "${runtime}: no ldconfig trigger: ${last_output}")
-endif()
+# The library packages' shlibs files and ldconfig triggers.
+foreach(pkg IN LISTS libraries)
+  string(REGEX REPLACE "${soversion_re}$" "" name "${pkg}")
+  run(dpkg-deb -I "${deb_${pkg}}" shlibs)
+  if(NOT last_output MATCHES "^${name} ${soversion_re} ${pkg} \\(>= ${version}\\)\n?$")
+    message(FATAL_ERROR "${pkg}: unexpected shlibs file: ${last_output}")
+  endif()
+  run(dpkg-deb -I "${deb_${pkg}}" triggers)
+  if(NOT last_output MATCHES "activate-noawait ldconfig")
+    message(FATAL_ERROR "${pkg}: no ldconfig trigger: ${last_output}")
+  endif()
+endforeach()
 
 # ---------------------------------------------------------------- installed with dpkg
 file(MAKE_DIRECTORY "${root}/var/lib/dpkg/info" "${root}/var/lib/dpkg/updates"
@@ -136,6 +149,15 @@ set(patterns_liblumagrid-testing-dev
     "^${lib}/pkgconfig/lumagrid-(glrecorder|headless)\\.pc$"
     "^/usr/share/doc/lumagrid/testing-kit\\.md$"
     "^/usr/share/doc/liblumagrid-testing-dev/(copyright|changelog\\.Debian\\.gz)$")
+set(patterns_${gltf}
+    "^${lib}/liblumagrid-gltf\\.so\\.${soversion_re}(\\.[0-9]+)?$"
+    "^/usr/share/doc/${gltf}/(copyright|changelog\\.Debian\\.gz)$")
+set(patterns_liblumagrid-gltf-dev
+    "^/usr/include/lumagrid/GltfExport\\.h$"
+    "^${lib}/liblumagrid-gltf\\.so$"
+    "^${lib}/cmake/Lumagrid/LumagridGltfTargets(-release)?\\.cmake$"
+    "^${lib}/pkgconfig/lumagrid-gltf\\.pc$"
+    "^/usr/share/doc/liblumagrid-gltf-dev/(copyright|changelog\\.Debian\\.gz)$")
 foreach(pkg IN LISTS packages)
   run(dpkg-query --admindir=${root}/var/lib/dpkg -L ${pkg})
   string(REPLACE "\n" ";" files "${last_output}")
@@ -160,10 +182,12 @@ foreach(pkg IN LISTS packages)
                         "cmake/debian/changelog")
   endif()
 endforeach()
-if(NOT IS_SYMLINK "${root}${lib}/liblumagrid.so"
-   OR NOT IS_SYMLINK "${root}${lib}/liblumagrid.so.${soversion}")
-  message(FATAL_ERROR "the .so and SONAME links are missing from ${root}${lib}")
-endif()
+foreach(name liblumagrid liblumagrid-gltf)
+  if(NOT IS_SYMLINK "${root}${lib}/${name}.so"
+     OR NOT IS_SYMLINK "${root}${lib}/${name}.so.${soversion}")
+    message(FATAL_ERROR "${name}'s .so and SONAME links are missing from ${root}${lib}")
+  endif()
+endforeach()
 
 # ---------------------------------------------------------------- consumers
 # The loader finds the packaged liblumagrid.so.<soversion> in the root; the consumers' CMake builds
@@ -180,9 +204,14 @@ file(STRINGS "${WORK_DIR}/consumer/cmake-consumer/CMakeCache.txt" dir_entry REGE
 if(NOT dir_entry MATCHES "=${root}/usr/")
   message(FATAL_ERROR "find_package(Lumagrid) did not find the packages: ${dir_entry}")
 endif()
-run(ldd "${WORK_DIR}/consumer/cmake-consumer/consumer_shared")
-if(NOT last_output MATCHES
-   "liblumagrid\\.so\\.${soversion_re} => ${root}${lib}/liblumagrid\\.so\\.${soversion_re}")
-  message(FATAL_ERROR "consumer_shared did not load the packaged library:\n${last_output}")
-endif()
+foreach(program_libraries "consumer_shared;liblumagrid" "gltf_host;liblumagrid;liblumagrid-gltf")
+  list(POP_FRONT program_libraries program)
+  run(ldd "${WORK_DIR}/consumer/cmake-consumer/${program}")
+  foreach(name IN LISTS program_libraries)
+    if(NOT last_output MATCHES
+       "${name}\\.so\\.${soversion_re} => ${root}${lib}/${name}\\.so\\.${soversion_re}")
+      message(FATAL_ERROR "${program} did not load the packaged ${name}:\n${last_output}")
+    endif()
+  endforeach()
+endforeach()
 message(STATUS "${n} packages installed, checked and used by the consumers")

@@ -1,7 +1,8 @@
 # Installs the freshly built tree into a scratch prefix, then builds the host-test example
 # (examples/host-test) against it and runs its tests: a host's call-sequence test through
 # Lumagrid::glrecorder and a headless render through Lumagrid::headless. Then the same test
-# through pkg-config. A plain find_package(Lumagrid) must not need the components' dependencies.
+# through pkg-config. A plain find_package(Lumagrid) must not need the components' dependencies
+# nor load any component.
 #   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] [-DPREFIX=...]
 #         -P host_test_check.cmake
 # PREFIX names a tree installed already (then BUILD_DIR is not needed and nothing is installed).
@@ -44,9 +45,10 @@ file(WRITE "${plain}/CMakeLists.txt" [=[
 cmake_minimum_required(VERSION 3.21)
 project(plain LANGUAGES CXX)
 find_package(Lumagrid REQUIRED)
-if(TARGET Lumagrid::glrecorder OR TARGET Lumagrid::headless)
+if(TARGET Lumagrid::glrecorder OR TARGET Lumagrid::headless OR TARGET Lumagrid::gltf)
   message(FATAL_ERROR "components loaded without being asked for")
 endif()
 ]=])
 run(${CMAKE_COMMAND} -S "${plain}" -B "${plain}/build" -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON)
+    -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON
+    -DCMAKE_DISABLE_FIND_PACKAGE_TinyGLTF=ON)
