@@ -8,23 +8,7 @@
 // - one aiNode per node reached from the default scene, a node's primitives staying on it;
 // - one extra root node named ROOT when the scene has more than one root node; a single root
 //   node becomes the root itself.
-import fs from 'node:fs';
-
-const glbMagic = 0x46546c67;
-const jsonChunk = 0x4e4f534a;
-
-function readGltfJson(file) {
-  const bytes = fs.readFileSync(file);
-  if (bytes.length < 20 || bytes.readUInt32LE(0) !== glbMagic) {
-    return JSON.parse(bytes.toString('utf8'));
-  }
-  // A .glb: 12-byte header, then the JSON chunk first (length, type, data).
-  const length = bytes.readUInt32LE(12);
-  if (bytes.readUInt32LE(16) !== jsonChunk) {
-    throw new Error('the first chunk is not JSON');
-  }
-  return JSON.parse(bytes.subarray(20, 20 + length).toString('utf8'));
-}
+import { readGltf } from './gltf_file.mjs';
 
 // The nodes reached from the roots, and the meshes they use.
 function walk(gltf, roots) {
@@ -46,7 +30,7 @@ if (!file) {
   console.error('usage: node tests/web/assimp_counts.mjs FILE');
   process.exit(2);
 }
-const gltf = readGltfJson(file);
+const gltf = readGltf(file).json;
 const scene = gltf.scenes[gltf.scene ?? 0];
 const roots = scene.nodes || [];
 const reached = walk(gltf, roots);
