@@ -7,6 +7,7 @@
 #include <lumagrid/vec3d.h>
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 class CGLObject;
@@ -60,6 +61,17 @@ struct Mesh {
 /// through its member's matrix. A shape of a class the library does not know, a host's own
 /// subclass included, gives an empty mesh.
 LUMAGRID_API Mesh MeshOf(CGLObject& shape);
+
+/// A key to what MeshOf(shape) is made from: the shape's class, the parameters its geometry is
+/// built from, its tessellation and, for tubes, GLE's settings as they stand; for a group, its
+/// visible members' keys and matrices. Shapes, or one shape at two times, with equal keys have
+/// equal meshes, so a renderer can keep a mesh for as long as its key holds and share it among
+/// shapes.
+///
+/// Colour, selection, visibility and the shape's own matrix are not part of it. Costs a read of
+/// the parameters (a polyline's every point), never a mesh; the shape is only read. Empty for a
+/// shape of a class the library does not know, whose mesh is empty.
+LUMAGRID_API std::string MeshKey(CGLObject& shape);
 
 }  // namespace lumagrid
 

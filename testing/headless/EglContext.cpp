@@ -152,7 +152,10 @@ struct EglContext::Handles {
 };
 
 EglContext::EglContext(int width, int height, int samples)
-    : h_(std::make_unique<Handles>()), width_(width), height_(height) {
+    : EglContext(width, height, samples, Profile::Compatibility) {}
+
+EglContext::EglContext(int width, int height, int samples, Profile profile)
+    : h_(std::make_unique<Handles>()), width_(width), height_(height), profile_(profile) {
   const Display& d = display();
   if (d.display == EGL_NO_DISPLAY) {
     error_ = d.error;
@@ -163,8 +166,8 @@ EglContext::EglContext(int width, int height, int samples)
     error_ = "the display lacks EGL_KHR_surfaceless_context";
     return;
   }
-  // Desktop GL with no version requested: the compatibility profile, so GL 1.1 fixed function
-  // works.
+  // Desktop GL: with no version requested Mesa gives the compatibility profile, so GL 1.1 fixed
+  // function works; a core profile is asked for by version and profile.
   if (eglBindAPI(EGL_OPENGL_API) != EGL_TRUE) {
     error_ = eglFailure("eglBindAPI(EGL_OPENGL_API)");
     return;
@@ -181,9 +184,19 @@ EglContext::EglContext(int width, int height, int samples)
     }
     config = EGL_NO_CONFIG_KHR;
   }
-  h_->context = eglCreateContext(d.display, config, EGL_NO_CONTEXT, nullptr);
+  const EGLint coreAttributes[] = {EGL_CONTEXT_MAJOR_VERSION,
+                                   3,
+                                   EGL_CONTEXT_MINOR_VERSION,
+                                   3,
+                                   EGL_CONTEXT_OPENGL_PROFILE_MASK,
+                                   EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
+                                   EGL_NONE};
+  const bool core = profile == Profile::Core;
+  h_->context =
+      eglCreateContext(d.display, config, EGL_NO_CONTEXT, core ? coreAttributes : nullptr);
   if (h_->context == EGL_NO_CONTEXT) {
-    error_ = eglFailure("eglCreateContext(desktop OpenGL)");
+    error_ = eglFailure(core ? "eglCreateContext(OpenGL 3.3 core profile)"
+                             : "eglCreateContext(desktop OpenGL)");
     return;
   }
   if (!makeCurrent()) {
@@ -288,6 +301,10 @@ void EglContext::applyDefaultState() {
   glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
   glClearDepth(1.0);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  glEnable(GL_DEPTH_TEST);
+  if (profile_ == Profile::Core) {
+    return;
+  }
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
   glOrtho(-2.0, 2.0, -2.0, 2.0, -10.0, 10.0);
@@ -298,7 +315,6 @@ void EglContext::applyDefaultState() {
   glLightfv(GL_LIGHT0, GL_POSITION, lightDirection);
   glEnable(GL_LIGHTING);
   glEnable(GL_LIGHT0);
-  glEnable(GL_DEPTH_TEST);
   glEnable(GL_NORMALIZE);
 }
 

@@ -67,6 +67,15 @@ std::ostream& operator<<(std::ostream& os, const Rgba& c);
 /// check pixels, not feedback buffers.
 class EglContext {
  public:
+  /// The kind of context to make.
+  enum class Profile {
+    /// Desktop OpenGL with no version requested: Mesa's compatibility profile, fixed function
+    /// and display lists included.
+    Compatibility,
+    /// OpenGL 3.3 core profile: no fixed function, no display lists, as a modern host has.
+    Core
+  };
+
   /// Creates the context and its width x height framebuffer, makes it current and applies
   /// applyDefaultState(). Check ok() before use; error() says what failed.
   ///
@@ -74,6 +83,9 @@ class EglContext {
   /// most that many) and every read resolves it first. Sets LIBGL_ALWAYS_SOFTWARE=1, unless it is
   /// already set, before it opens the display.
   EglContext(int width, int height, int samples = 0);
+  /// The same with a profile of choice. A Profile::Core context's default state leaves out the
+  /// fixed-function part (matrices and light), which a core profile does not have.
+  EglContext(int width, int height, int samples, Profile profile);
   /// Deletes the framebuffer (making the context current for that) and destroys the context.
   ~EglContext();
   /// Not copyable: it owns the context.
@@ -91,15 +103,18 @@ class EglContext {
   int height() const { return height_; }
   /// Samples per pixel of the framebuffer; 0 when it is not multisampled.
   int samples() const { return samples_; }
+  /// The profile it was made with.
+  Profile profile() const { return profile_; }
 
   /// Makes this context current again (after another one was).
   /// @return false on failure, with error() saying why.
   bool makeCurrent();
 
   /// The scene every test starts from: viewport over the whole framebuffer, black clear colour,
-  /// colour and depth cleared; projection glOrtho(-2, 2, -2, 2, -10, 10), modelview identity,
-  /// matrix mode GL_MODELVIEW; GL_LIGHTING and GL_LIGHT0 on, the light directional from the
-  /// viewer (position (0, 0, 1, 0) in eye space); GL_DEPTH_TEST and GL_NORMALIZE on.
+  /// colour and depth cleared, GL_DEPTH_TEST on; in a compatibility context also projection
+  /// glOrtho(-2, 2, -2, 2, -10, 10), modelview identity, matrix mode GL_MODELVIEW; GL_LIGHTING and
+  /// GL_LIGHT0 on, the light directional from the viewer (position (0, 0, 1, 0) in eye space);
+  /// GL_DEPTH_TEST and GL_NORMALIZE on.
   void applyDefaultState();
 
   /// Copies the multisampled framebuffer into the single-sampled one that reads see; nothing to
@@ -127,6 +142,7 @@ class EglContext {
   int width_;
   int height_;
   int samples_ = 0;
+  Profile profile_ = Profile::Compatibility;
   std::string error_;
 };
 

@@ -1,0 +1,62 @@
+#ifndef LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
+#define LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
+
+namespace lumagrid::detail {
+
+// Attribute locations the vertex arrays and the shader share.
+enum Attribute : unsigned {
+  kPosition = 0,
+  kNormal = 1,
+  kModelView = 2,     // four columns: 2 to 5
+  kNormalMatrix = 6,  // three columns: 6 to 8
+  kColour = 9,
+};
+
+constexpr int kMaxLights = 8;
+
+// The fixed-function pipeline's lighting of an AMBIENT_AND_DIFFUSE material with no specular
+// part and no emission, per vertex as GL lights: the light model's ambient and every light's
+// diffuse term, clamped. Line shapes take their colour as it is.
+constexpr const char* kVertexShader = R"(#version 330 core
+layout(location = 0) in vec3 position;
+layout(location = 1) in vec3 normal;
+layout(location = 2) in mat4 modelView;
+layout(location = 6) in mat3 normalMatrix;
+layout(location = 9) in vec4 colour;
+uniform mat4 projection;
+uniform bool lit;
+uniform int lightCount;
+uniform vec4 lightPosition[8];
+uniform vec4 lightDiffuse[8];
+uniform vec4 ambient;
+out vec4 shade;
+void main() {
+  vec4 eye = modelView * vec4(position, 1.0);
+  gl_Position = projection * eye;
+  if (!lit) {
+    shade = clamp(colour, 0.0, 1.0);
+    return;
+  }
+  vec3 n = normalize(normalMatrix * normal);
+  vec3 c = ambient.rgb * colour.rgb;
+  for (int i = 0; i < lightCount; ++i) {
+    vec3 toLight = lightPosition[i].w == 0.0
+        ? lightPosition[i].xyz
+        : lightPosition[i].xyz / lightPosition[i].w - eye.xyz / eye.w;
+    c += lightDiffuse[i].rgb * colour.rgb * max(dot(n, normalize(toLight)), 0.0);
+  }
+  shade = vec4(clamp(c, 0.0, 1.0), clamp(colour.a, 0.0, 1.0));
+}
+)";
+
+constexpr const char* kFragmentShader = R"(#version 330 core
+in vec4 shade;
+out vec4 fragment;
+void main() {
+  fragment = shade;
+}
+)";
+
+}  // namespace lumagrid::detail
+
+#endif
