@@ -2,6 +2,7 @@
 
 #include <lumagrid/CGLMatrixGuard.h>
 #include <lumagrid/CGLObject.h>
+#include <lumagrid/CoreProfileRenderer.h>
 
 #include <GL/gl.h>
 
@@ -46,6 +47,20 @@ void GalleryScene::draw() {
   translucent_.draw();
   glDisable(GL_CULL_FACE);
   glDepthMask(GL_TRUE);
+}
+
+bool GalleryScene::draw(lumagrid::CoreProfileRenderer& renderer, const lumagrid::View& view) {
+  // Line widths as draw() has them; the renderer culls and blends the translucent layer itself.
+  glLineWidth(2.0f);
+  if (!renderer.Draw(lit_.scene, view)) {
+    return false;
+  }
+  glLineWidth(1.0f);
+  if (!renderer.Draw(wire_.scene, view)) {
+    return false;
+  }
+  glLineWidth(2.0f);
+  return renderer.Draw(flat_.scene, flatView(view)) && renderer.Draw(translucent_.scene, view);
 }
 
 }  // namespace gallery

@@ -13,6 +13,11 @@
 
 class CGLObject;
 
+namespace lumagrid {
+class CoreProfileRenderer;
+struct View;
+}  // namespace lumagrid
+
 namespace gallery {
 
 class GalleryScene {
@@ -25,6 +30,9 @@ class GalleryScene {
   // Needs the context current and the view set up. Leaves the model-view matrix and its stack
   // as it found them.
   void draw();
+  // The same layers through the renderer, lit by view (coreView), the flat layer by its
+  // flatView. Needs the picture cleared. False as soon as a Draw fails (see its LastError()).
+  bool draw(lumagrid::CoreProfileRenderer& renderer, const lumagrid::View& view);
 
   // Every shape the scenes hold, in the order the entries built them: a viewer picks, selects and
   // shows them through the scene that owns them.
@@ -48,6 +56,9 @@ class GalleryScene {
     // Groups in the scene: each pops the matrix stack once more than it pushes.
     int groups = 0;
     void draw();
+    // The same layers through the renderer, lit by view (coreView), the flat layer by its
+    // flatView. Needs the picture cleared. False as soon as a Draw fails (see its LastError()).
+    bool draw(lumagrid::CoreProfileRenderer& renderer, const lumagrid::View& view);
   };
   Layer lit_;
   Layer wire_;

@@ -1,10 +1,17 @@
 // The gallery's camera, lights and labels.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "gallery_layout.h"
+#include "stroke_font.h"
+
+namespace lumagrid {
+class CoreProfileRenderer;
+struct View;
+}  // namespace lumagrid
 
 namespace gallery {
 
@@ -32,6 +39,14 @@ Camera homeCamera(const Layout& layout);
 // depth test and blending.
 void setUpView(const Layout& layout, const Orbit& orbit = Orbit());
 
+// Only the first part of setUpView: viewport, then the picture cleared to the background.
+void clearPicture(const Layout& layout);
+
+// The camera and lights setUpView gives the fixed-function state, for the core-profile renderer;
+// flatView is the same camera as FlatLighting lights it.
+lumagrid::View coreView(const Layout& layout, const Orbit& orbit = Orbit());
+lumagrid::View flatView(lumagrid::View view);
+
 // While alive, lit shapes show their material colour unshaded: line shapes have no normals of
 // their own, so under the lights their shade would depend on whatever normal came last.
 class FlatLighting {
@@ -44,5 +59,12 @@ class FlatLighting {
 
 // Writes labels[i] centred under cell i, in the stroke font.
 void drawLabels(const Layout& layout, const std::vector<std::string>& labels);
+// The same through the renderer, over whatever is drawn. False when its Draw failed (see its
+// LastError()).
+bool drawLabels(lumagrid::CoreProfileRenderer& renderer, const Layout& layout,
+                const std::vector<std::string>& labels);
+
+// The strokes of the label of cell i, in window pixels (y up).
+std::vector<Segment> labelStrokes(const Layout& layout, std::size_t i, const std::string& label);
 
 }  // namespace gallery

@@ -54,6 +54,11 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
                  "also write the scene as glTF 2.0 (binary unless FILE ends in .gltf), with the\n"
                  "camera and cells beside it in FILE's name ending .view.json")
       ->type_name("FILE");
+  app.add_option("--renderer", options->renderer,
+                 "legacy (default): display lists in a compatibility context; coreprofile: the\n"
+                 "core-profile renderer in an OpenGL 3.3 core context")
+      ->type_name("NAME")
+      ->check(CLI::IsMember({"legacy", "coreprofile"}));
   app.footer(shapeNames() + "\n\n" + examples::exitStatusHelp("OpenGL context"));
   return examples::parseCommandLine(app, argc, argv);
 }

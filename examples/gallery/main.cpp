@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include <lumagrid/CoreProfileRenderer.h>
 #include <lumagrid/testing/EglContext.h>
 #include <lumagrid/testing/GLErrors.h>
 
@@ -20,6 +21,18 @@ namespace {
 
 constexpr int kSamples = 4;
 
+// Draws the scene and its labels through the core-profile renderer into the cleared picture.
+// Returns why a Draw failed, or "".
+std::string drawCoreProfile(gallery::GalleryScene& scene, const gallery::Layout& layout,
+                            const std::vector<std::string>& labels) {
+  lumagrid::CoreProfileRenderer renderer;  // its GL objects go while the context is current
+  if (scene.draw(renderer, gallery::coreView(layout)) &&
+      gallery::drawLabels(renderer, layout, labels)) {
+    return {};
+  }
+  return renderer.LastError();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -29,7 +42,10 @@ int main(int argc, char** argv) {
     return *status;
   }
 
-  headless::EglContext context(options.width, options.height, kSamples);
+  const bool coreProfile = options.renderer == "coreprofile";
+  headless::EglContext context(options.width, options.height, kSamples,
+                               coreProfile ? headless::EglContext::Profile::Core
+                                           : headless::EglContext::Profile::Compatibility);
   if (!context.ok()) {
     std::cerr << program << ": no headless OpenGL context (EGL surfaceless platform, Mesa "
               << "llvmpipe): " << context.error() << '\n';
@@ -46,11 +62,20 @@ int main(int argc, char** argv) {
   }
   const gallery::Layout layout(entries.size(), options.width, options.height);
 
+  std::string rendererError;
   {
-    gallery::setUpView(layout);
+    if (coreProfile) {
+      gallery::clearPicture(layout);
+    } else {
+      gallery::setUpView(layout);
+    }
     gallery::GalleryScene scene(entries, layout);
-    scene.draw();
-    gallery::drawLabels(layout, labels);
+    if (coreProfile) {
+      rendererError = drawCoreProfile(scene, layout, labels);
+    } else {
+      scene.draw();
+      gallery::drawLabels(layout, labels);
+    }
     std::string error;
     if (!options.gltf.empty() &&
         !gallery::writeGalleryGltf(scene, layout, labels, options.gltf, &error)) {
@@ -65,6 +90,12 @@ int main(int argc, char** argv) {
     std::cerr << program << ": cannot write " << options.out << ": " << error << '\n';
     return examples::code(examples::Exit::CannotWrite);
   }
+  if (!rendererError.empty()) {
+    std::cerr << program << ": the core-profile renderer failed: " << rendererError
+              << "; the picture was written to " << examples::absolutePath(options.out)
+              << " all the same\n";
+    return examples::code(examples::Exit::GLError);
+  }
   if (!glErrors.empty()) {
     std::cerr << program << ": OpenGL reported";
     for (const std::string& e : glErrors) {
@@ -77,7 +108,8 @@ int main(int argc, char** argv) {
   std::cout << "gallery: " << examples::absolutePath(options.out) << " (" << options.width << 'x'
             << options.height << ", " << entries.size()
             << (entries.size() == 1 ? " cell, " : " cells, ") << context.samples()
-            << "x multisampling, " << headless::EglContext::renderer() << ")\n";
+            << "x multisampling, " << headless::EglContext::renderer()
+            << (coreProfile ? ", core-profile renderer" : "") << ")\n";
   if (!options.gltf.empty()) {
     std::cout << "gallery: " << examples::absolutePath(options.gltf) << " and "
               << examples::absolutePath(gallery::viewFileFor(options.gltf)) << '\n';
