@@ -14,11 +14,11 @@ class CGLObject;
 
 namespace lumagrid {
 
-/// A vertex of a mesh part: a position and, for triangle parts, the unit normal GL receives
-/// there. The normal is zero in line parts.
+/// A vertex of a mesh part: a position and, for triangle parts and a tube's wireframe lines,
+/// the unit normal GL receives there. The normal is zero in other line parts.
 struct MeshVertex {
   vec3d position;  ///< In the frame of the mesh.
-  vec3d normal;    ///< Unit length in triangle parts; zero in line parts.
+  vec3d normal;    ///< Unit length in triangle parts and wireframe lines; zero in other lines.
 };
 
 /// What a mesh part's indices make.

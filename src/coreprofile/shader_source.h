@@ -16,7 +16,8 @@ constexpr int kMaxLights = 8;
 
 // The fixed-function pipeline's lighting of an AMBIENT_AND_DIFFUSE material with no specular
 // part and no emission, per vertex as GL lights: the light model's ambient and every light's
-// diffuse term, clamped. Line shapes take their colour as it is.
+// diffuse term, clamped. Lines take their colour as it is, unless they carry normals (a tube's
+// wireframe), which GL lights.
 constexpr const char* kVertexShader = R"(#version 330 core
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
@@ -33,7 +34,7 @@ out vec4 shade;
 void main() {
   vec4 eye = modelView * vec4(position, 1.0);
   gl_Position = projection * eye;
-  if (!lit) {
+  if (!lit && normal == vec3(0.0)) {
     shade = clamp(colour, 0.0, 1.0);
     return;
   }

@@ -75,8 +75,7 @@ void MeshAssembly::Add(const MeshPart& piece) {
   const bool lines = piece.primitive == Primitive::Lines;
   part.vertices.reserve(part.vertices.size() + piece.vertices.size());
   for (const MeshVertex& v : piece.vertices) {
-    part.vertices.push_back(
-        MeshVertex{TransformedPoint(m, v.position), lines ? kNoNormal : normals(v.normal)});
+    part.vertices.push_back(MeshVertex{TransformedPoint(m, v.position), normals(v.normal)});
   }
   const std::size_t corners = lines ? 2 : 3;
   part.indices.reserve(part.indices.size() + piece.indices.size());
@@ -112,11 +111,15 @@ void MeshAssembly::AddLineStrip(const std::vector<PathPoint>& points) {
   Add(strip);
 }
 
-void MeshAssembly::AddLines(const std::vector<PathPoint>& points) {
+void MeshAssembly::AddLines(const std::vector<PathPoint>& points,
+                            const std::vector<PathPoint>& normals) {
+  auto normal = [&normals](std::size_t i) {
+    return i < normals.size() ? Vec(normals[i]) : kNoNormal;
+  };
   MeshPart lines{Primitive::Lines, {}, {}};
   for (std::size_t i = 0; i + 1 < points.size(); i += 2) {
-    lines.vertices.push_back(MeshVertex{Vec(points[i]), kNoNormal});
-    lines.vertices.push_back(MeshVertex{Vec(points[i + 1]), kNoNormal});
+    lines.vertices.push_back(MeshVertex{Vec(points[i]), normal(i)});
+    lines.vertices.push_back(MeshVertex{Vec(points[i + 1]), normal(i + 1)});
     lines.indices.insert(lines.indices.end(),
                          {static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(i + 1)});
   }

@@ -33,9 +33,10 @@ class MeshAssembly {
   void Add(const MeshPart& part);
   // A piece of another mesh, through the current matrix.
   void Add(const Mesh& mesh);
-  // GL_LINE_STRIP and GL_LINES over the points.
+  // GL_LINE_STRIP and GL_LINES over the points; GL_LINES with a normal for each point when
+  // normals are given (a tube's wireframe, which GL lights), else with none.
   void AddLineStrip(const std::vector<PathPoint>& points);
-  void AddLines(const std::vector<PathPoint>& points);
+  void AddLines(const std::vector<PathPoint>& points, const std::vector<PathPoint>& normals = {});
   // A convex GL_POLYGON with one normal, as a fan from its first point.
   void AddPolygon(const std::vector<PathPoint>& outline, const PathPoint& normal);
 

@@ -18,11 +18,14 @@ bool Capped(int joinStyle) {
 // The wireframe the library sweeps itself while tubes are not filled.
 void AddWireSweep(MeshAssembly& mesh, const WireSweep& sweep) {
   std::vector<PathPoint> ends;
+  std::vector<PathPoint> normals;
   ends.reserve(sweep.lines.size());
+  normals.reserve(sweep.lines.size());
   for (const WireVertex& v : sweep.lines) {
     ends.push_back(v.position);
+    normals.push_back(v.normal);
   }
-  mesh.AddLines(ends);
+  mesh.AddLines(ends, normals);
   for (const WireCap& cap : sweep.caps) {
     mesh.AddPolygon(cap.outline, cap.normal);
   }

@@ -186,6 +186,29 @@ TEST_F(MeshOfShape, SchematicSpringsAreLinesOnly) {
   }
 }
 
+TEST_F(MeshOfShape, WireframeLinesKeepTheNormalsGLLightsThemWith) {
+  CGLSpring wireframe;
+  wireframe.SetShadedMode(0);
+  CGLSpring schematic;
+  schematic.SetType2(8);
+  const double lengths[] = {1.0, 0.0};
+  CGLSpring* springs[] = {&wireframe, &schematic};
+  for (int i = 0; i < 2; ++i) {
+    const Mesh mesh = MeshOf(*springs[i]);
+    ASSERT_GT(Segments(mesh), 0u);
+    for (const MeshPart& part : mesh.parts) {
+      if (part.primitive != Primitive::Lines) {
+        continue;
+      }
+      for (const lumagrid::MeshVertex& v : part.vertices) {
+        const double length = std::sqrt(v.normal.x() * v.normal.x() + v.normal.y() * v.normal.y() +
+                                        v.normal.z() * v.normal.z());
+        ASSERT_NEAR(length, lengths[i], 1e-12) << (i == 0 ? "wireframe" : "schematic");
+      }
+    }
+  }
+}
+
 TEST_F(MeshOfShape, ASpringOfNoKnownTypeIsEmpty) {
   CGLSpring spring;
   spring.SetType(2);
