@@ -1,7 +1,7 @@
 // Runs the gallery program and checks what it wrote: the PNG decodes at the requested size, is not
 // blank, every cell holds a shape and a label, only the selected shape shows the highlight colour,
 // the program's exit status says what happened (0, or 2 without an OpenGL context), the lite arrow
-// shows its own colour, and separate runs draw the same picture.
+// shows its own colour, and separate runs draw the same picture; with either renderer.
 //   lumagrid_gallery_check PATH-TO-GALLERY
 #include <string>
 #include <vector>
@@ -14,16 +14,30 @@
 namespace examples::check {
 namespace {
 
+constexpr const char* kRenderers[] = {"legacy", "coreprofile"};
+
+// The gallery's command line with its --renderer, and how checks name it.
+std::vector<std::string> withRenderer(std::vector<std::string> args, const std::string& renderer) {
+  args.push_back("--renderer");
+  args.push_back(renderer);
+  return args;
+}
+
+std::string named(const std::string& what, const std::string& renderer) {
+  return what + " --renderer " + renderer;
+}
+
 // Runs the gallery into path at width x height (one entry when only is set) and checks the cells.
 void checkPicture(const std::string& gallery, const std::string& path, int width, int height,
-                  const std::string& only) {
+                  const std::string& only, const std::string& renderer) {
   std::vector<std::string> args = {gallery, "--out", path, "--size",
                                    std::to_string(width) + "x" + std::to_string(height)};
   if (!only.empty()) {
     args.push_back("--only");
     args.push_back(only);
   }
-  const std::string what = only.empty() ? "gallery" : "gallery --only " + only;
+  args = withRenderer(args, renderer);
+  const std::string what = named(only.empty() ? "gallery" : "gallery --only " + only, renderer);
   check(run(args) == code(Exit::Ok), what + " exits 0 (no GL error)");
   Image image;
   const bool decoded = readPng(path, &image);
@@ -68,10 +82,12 @@ void checkPicture(const std::string& gallery, const std::string& path, int width
 
 // The lite arrow's line shaft has no normal: it must be drawn where its look does not depend on
 // what the scene drew before it, which follows heap addresses. Unlit, it shows its colour.
-void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
+void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path,
+                          const std::string& renderer) {
   const std::string only = gallery::kLiteArrowEntry;
-  check(run({gallery, "--out", path, "--size", "240x200", "--only", only}) == 0,
-        "gallery --only " + only + " exits 0");
+  check(run(withRenderer({gallery, "--out", path, "--size", "240x200", "--only", only},
+                         renderer)) == 0,
+        named("gallery --only " + only, renderer) + " exits 0");
   Image image;
   if (!readPng(path, &image)) {
     check(false, "gallery --only " + only + ": the PNG decodes");
@@ -85,7 +101,7 @@ void checkLiteArrowIsFlat(const std::string& gallery, const std::string& path) {
     return colourDistance(p, gold) <= 3;
   });
   // Multisampled edges blend with the background; the rest is the colour itself.
-  check(drawn > 0 && flat * 2 >= drawn, "the lite arrow shows its own colour unlit (" +
+  check(drawn > 0 && flat * 2 >= drawn, renderer + ": the lite arrow shows its own colour unlit (" +
                                             std::to_string(flat) + " of " + std::to_string(drawn) +
                                             " pixels)");
 }
@@ -107,6 +123,9 @@ void checkCommandLine(const std::string& gallery, const std::string& path) {
   check(run({gallery, "--out", path}, {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent.json"}) ==
             code(Exit::NoContext),
         "no EGL driver exits 2");
+  check(run({gallery, "--renderer", "coreprofile", "--out", path},
+            {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent.json"}) == code(Exit::NoContext),
+        "no EGL driver exits 2 with --renderer coreprofile");
 }
 
 // --gltf writes the scene beside the picture, binary or as JSON as the name says; a folder that
@@ -125,13 +144,22 @@ void checkGltf(const std::string& gallery, const std::string& path) {
 
 // Every check of the gallery program, run with a temporary PNG at path.
 void checkGallery(const std::string& gallery, const std::string& path) {
-  checkPicture(gallery, path, 900, 760, "");
-  checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry);
-  checkLiteArrowIsFlat(gallery, path);
+  for (const std::string renderer : kRenderers) {
+    checkPicture(gallery, path, 900, 760, "", renderer);
+    checkPicture(gallery, path, 200, 180, gallery::kSelectedEntry, renderer);
+    checkLiteArrowIsFlat(gallery, path, renderer);
+  }
   // About one run in sixteen drew the lite arrow lit by a neighbour's normal.
   checkSamePictureEveryRun(12, [&](Image* image) {
     return run({gallery, "--out", path, "--size", "420x350"}) == 0 && readPng(path, image);
   });
+  // The renderer draws in an order of its own: it too must not depend on where shapes live.
+  checkSamePictureEveryRun(4, [&](Image* image) {
+    return run(withRenderer({gallery, "--out", path, "--size", "420x350"}, "coreprofile")) == 0 &&
+           readPng(path, image);
+  });
+  check(run({gallery, "--renderer", "vulkan", "--out", path}) == code(Exit::BadCommandLine),
+        "an unknown --renderer exits 1");
   checkCommandLine(gallery, path);
   checkGltf(gallery, path);
 }
