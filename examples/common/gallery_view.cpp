@@ -50,14 +50,14 @@ Lens lensFor(const Layout& layout, const Orbit& orbit) {
 }
 
 template <std::size_t N>
-void copyColour(const GLfloat (&from)[N], float* to) {
+void copyFloats(const GLfloat (&from)[N], float* to) {
   std::copy(from, from + N, to);
 }
 
 lumagrid::Light light(const GLfloat (&direction)[4], const GLfloat (&colour)[4]) {
   lumagrid::Light l{};
-  copyColour(direction, l.position);
-  copyColour(colour, l.diffuse);
+  copyFloats(direction, l.position);
+  copyFloats(colour, l.diffuse);
   return l;
 }
 
@@ -121,13 +121,13 @@ lumagrid::View coreView(const Layout& layout, const Orbit& orbit) {
                rotation(orbit.yaw, 0.0, 1.0, 0.0),
            view.modelView);
   view.lights = {light(kKeyDirection, kKeyColour), light(kFillDirection, kFillColour)};
-  copyColour(kAmbient, view.ambient);
+  copyFloats(kAmbient, view.ambient);
   return view;
 }
 
 lumagrid::View flatView(lumagrid::View view) {
   view.lights.clear();
-  copyColour(kFullAmbient, view.ambient);
+  copyFloats(kFullAmbient, view.ambient);
   return view;
 }
 
@@ -202,7 +202,7 @@ bool drawLabels(lumagrid::CoreProfileRenderer& renderer, const Layout& layout,
   lumagrid::View pixels{};
   toFloats(identity(), pixels.modelView);
   toFloats(orthographic(0.0, layout.width(), 0.0, layout.height(), -1.0, 1.0), pixels.projection);
-  copyColour(kFullAmbient, pixels.ambient);
+  copyFloats(kFullAmbient, pixels.ambient);
 
   // Labels go over whatever is drawn, as with the depth test off.
   glClear(GL_DEPTH_BUFFER_BIT);
