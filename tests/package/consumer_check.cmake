@@ -29,11 +29,14 @@ if(WITH_COREPROFILE)
                    ${LIBDIR}/pkgconfig/lumagrid-coreprofile.pc ${LIBDIR}/liblumagrid-coreprofile.so)
 endif()
 
-# find_package: shared and static consumers.
+# find_package: shared and static consumers. The components look for nothing their shared
+# libraries link privately: tinygltf cannot be found here, nor pkg-config, through which epoxy
+# would be.
 set(cmake_build "${WORK_DIR}/cmake-consumer")
 run(${CMAKE_COMMAND} -S "${SOURCE_DIR}/examples/consumer" -B "${cmake_build}"
     -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release -DCONSUMER_WITH_GLTF=${WITH_GLTF}
-    -DCONSUMER_WITH_COREPROFILE=${WITH_COREPROFILE})
+    -DCONSUMER_WITH_COREPROFILE=${WITH_COREPROFILE} -DCMAKE_DISABLE_FIND_PACKAGE_TinyGLTF=ON
+    -DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON)
 run(${CMAKE_COMMAND} --build "${cmake_build}")
 run("${cmake_build}/consumer_shared")
 message(STATUS "shared: ${last_output}")
