@@ -8,6 +8,7 @@
 #include <lumagrid/lumagrid.h>
 #include <lumagrid/testing/EglContext.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -261,6 +262,20 @@ TEST_F(CoreProfileRender, AShaderThatDoesNotCompileIsReportedWithTheDriversLog) 
   EXPECT_GT(bad.error().size(), std::string("the vertex shader does not compile: ").size());
   GLenum error = glGetError();
   EXPECT_EQ(error, static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(CoreProfileRender, ANonFiniteViewOrShapeMatrixDrawsNothingOfIt) {
+  auto* lost = Disk(1.5, 0.0, 1.0, 1.0, 1.0, 1.0);
+  lost->Move(std::nan(""), 0.0, 0.0);
+  scene_.AddGLShape(lost);
+  CoreProfileRenderer renderer;
+  ASSERT_TRUE(renderer.Draw(scene_, FlatView())) << renderer.LastError();
+  View broken = FlatView();
+  broken.modelView[0] = std::nanf("");
+  scene_.AddGLShape(Disk(1.5, 0.0, 1.0, 1.0, 1.0, 1.0));
+  ASSERT_TRUE(renderer.Draw(scene_, broken)) << renderer.LastError();
+  EXPECT_EQ(context_.countPixels([](const headless::Rgba& p) { return p.r != 0; }), 0u);
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
 TEST(CoreProfileRenderer, RefusesToDrawWithoutACurrentContext) {
