@@ -288,11 +288,14 @@ TEST(CoreProfileRenderer, RefusesToDrawWithoutACurrentContext) {
 }
 
 TEST(CoreProfileRenderer, RefusesAContextBelowOpenGL33) {
-  // Mesa reads the override when it makes a context.
   setenv("MESA_GL_VERSION_OVERRIDE", "2.1", 1);
   EglContext old(kSize, kSize);
   unsetenv("MESA_GL_VERSION_OVERRIDE");
   ASSERT_TRUE(old.ok()) << old.error();
+  // Mesa reads it once, at its first context: ctest runs each test in a process of its own.
+  if (EglContext::version().rfind("2.1", 0) != 0) {
+    GTEST_SKIP() << "Mesa made its first context before this test; run it alone";
+  }
   CGLScene scene;
   scene.AddGLShape(new CGLSphere(0.5));
   CoreProfileRenderer renderer;
