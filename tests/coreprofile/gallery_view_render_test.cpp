@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ostream>
+#include <string>
 
 #include "gallery_layout.h"
 #include "gallery_view.h"
@@ -25,7 +27,17 @@ void expectNear(const float* gl, const float* view, int n, const char* what) {
   }
 }
 
-class GalleryView : public ::testing::TestWithParam<gallery::Orbit> {
+struct NamedOrbit {
+  const char* name;
+  gallery::Orbit orbit;
+};
+
+// Test names and messages show the orbit's name, not its bytes.
+void PrintTo(const NamedOrbit& o, std::ostream* os) {
+  *os << o.name;
+}
+
+class GalleryView : public ::testing::TestWithParam<NamedOrbit> {
  protected:
   headless::EglContext gl_{320, 240, 0};
   gallery::Layout layout_{30, 320, 240};
@@ -33,8 +45,8 @@ class GalleryView : public ::testing::TestWithParam<gallery::Orbit> {
 
 TEST_P(GalleryView, HasTheMatricesAndLightsSetUpViewSets) {
   ASSERT_TRUE(gl_.ok()) << gl_.error();
-  gallery::setUpView(layout_, GetParam());
-  const lumagrid::View view = gallery::coreView(layout_, GetParam());
+  gallery::setUpView(layout_, GetParam().orbit);
+  const lumagrid::View view = gallery::coreView(layout_, GetParam().orbit);
   float matrix[16];
   glGetFloatv(GL_PROJECTION_MATRIX, matrix);
   expectNear(matrix, view.projection, 16, "projection");
@@ -57,8 +69,8 @@ TEST_P(GalleryView, HasTheMatricesAndLightsSetUpViewSets) {
 
 TEST_P(GalleryView, FlatViewIsWhatFlatLightingLeaves) {
   ASSERT_TRUE(gl_.ok()) << gl_.error();
-  gallery::setUpView(layout_, GetParam());
-  const lumagrid::View lit = gallery::coreView(layout_, GetParam());
+  gallery::setUpView(layout_, GetParam().orbit);
+  const lumagrid::View lit = gallery::coreView(layout_, GetParam().orbit);
   const lumagrid::View flat = gallery::flatView(lit);
   gallery::FlatLighting flatLighting;
   EXPECT_FALSE(glIsEnabled(GL_LIGHT0));
@@ -80,7 +92,12 @@ gallery::Orbit orbit(double yaw, double pitch, double zoom) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Orbits, GalleryView,
-                         ::testing::Values(gallery::Orbit(), orbit(30.0, -20.0, 1.5),
-                                           orbit(-140.0, 75.0, 0.6), orbit(0.0, 0.0, 2.0)));
+                         ::testing::Values(NamedOrbit{"Home", gallery::Orbit()},
+                                           NamedOrbit{"TurnedZoomedIn", orbit(30.0, -20.0, 1.5)},
+                                           NamedOrbit{"SteepZoomedOut", orbit(-140.0, 75.0, 0.6)},
+                                           NamedOrbit{"ZoomedIn", orbit(0.0, 0.0, 2.0)}),
+                         [](const ::testing::TestParamInfo<NamedOrbit>& info) {
+                           return std::string(info.param.name);
+                         });
 
 }  // namespace
