@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
-#include <vector>
 
 #include "gallery_catalog.h"
 
@@ -139,23 +137,11 @@ void clearCore(const Camera& camera) {
 
 bool drawCore(lumagrid::CoreProfileRenderer& renderer, gallery::GalleryScene& scene,
               const Camera& camera, std::string* error) {
-  const lumagrid::View lit = litView(camera);
-  const lumagrid::View flat = flatView(camera);
-  // The layers in the order scenes() gives them: lit, wire, flat, translucent.
-  const std::vector<CGLScene*> layers = scene.scenes();
-  struct Pass {
-    const lumagrid::View* view;
-    float lineWidth;
-  };
-  const Pass passes[] = {{&lit, 2.0f}, {&lit, 1.0f}, {&flat, 2.0f}, {&lit, 2.0f}};
-  for (std::size_t i = 0; i < layers.size() && i < std::size(passes); ++i) {
-    glLineWidth(passes[i].lineWidth);
-    if (!renderer.Draw(*layers[i], *passes[i].view)) {
-      *error = renderer.LastError();
-      return false;
-    }
+  if (scene.draw(renderer, litView(camera))) {
+    return true;
   }
-  return true;
+  *error = renderer.LastError();
+  return false;
 }
 
 }  // namespace viewer
