@@ -1,22 +1,18 @@
-// The viewer's core-profile side: its computed camera against the one gallery::setUpView() leaves
-// in GL, and the gallery drawn through the core-profile renderer against the legacy draw, both
-// headless (EGL on llvmpipe).
+// The viewer's camera in core-profile mode against the one gallery::setUpView() leaves in GL,
+// headless (EGL on llvmpipe). The core-profile picture itself is checked against the legacy draw
+// by the gallery's agreement test.
 #include <gtest/gtest.h>
 
-#include <lumagrid/CoreProfileRenderer.h>
 #include <lumagrid/testing/EglContext.h>
 
 #include <cmath>
-#include <cstddef>
 #include <cstdlib>
 #include <ostream>
 #include <string>
-#include <vector>
 
 #include "core_view.h"
 #include "gallery_catalog.h"
 #include "gallery_layout.h"
-#include "gallery_scene.h"
 #include "gallery_view.h"
 #include "ray_pick.h"
 
@@ -24,14 +20,6 @@ namespace {
 
 constexpr int kWidth = 600;
 constexpr int kHeight = 500;
-
-std::vector<std::size_t> allEntries() {
-  std::vector<std::size_t> entries;
-  for (std::size_t i = 0; i < gallery::catalog().size(); ++i) {
-    entries.push_back(i);
-  }
-  return entries;
-}
 
 const gallery::Layout& layout() {
   static const gallery::Layout layout(gallery::catalog().size(), kWidth, kHeight);
@@ -76,69 +64,5 @@ INSTANTIATE_TEST_SUITE_P(
                       OrbitCase{"Pitched", {0.0, -60.0, 1.0}}, OrbitCase{"Zoomed", {0.0, 0.0, 2.5}},
                       OrbitCase{"TurnedAndZoomedOut", {-120.0, 45.0, 0.4}}),
     [](const ::testing::TestParamInfo<OrbitCase>& info) { return std::string(info.param.name); });
-
-TEST(CoreView, FlatViewHasNoLightsAndFullAmbient) {
-  const viewer::Camera camera = viewer::coreCamera(layout(), gallery::Orbit());
-  const lumagrid::View flat = viewer::flatView(camera);
-  EXPECT_TRUE(flat.lights.empty());
-  for (int i = 0; i < 4; ++i) {
-    EXPECT_EQ(flat.ambient[i], 1.0f);
-  }
-  EXPECT_EQ(viewer::litView(camera).lights.size(), 2u);
-}
-
-// Pixels of each cell that are not the background, read back bottom row first.
-std::vector<std::size_t> coverage(const headless::EglContext& context) {
-  const std::vector<headless::Rgba> pixels = context.readPixels();
-  std::vector<std::size_t> counts;
-  const gallery::Rgb8 bg = gallery::kBackground;
-  for (std::size_t i = 0; i < layout().cells(); ++i) {
-    const gallery::Rect r = layout().shapeArea(i);
-    std::size_t n = 0;
-    for (int y = r.y; y < r.y + r.height; ++y) {
-      for (int x = r.x; x < r.x + r.width; ++x) {
-        const headless::Rgba& p = pixels[static_cast<std::size_t>(kHeight - 1 - y) * kWidth +
-                                         static_cast<std::size_t>(x)];
-        n += std::abs(p.r - bg.r) + std::abs(p.g - bg.g) + std::abs(p.b - bg.b) > 24 ? 1 : 0;
-      }
-    }
-    counts.push_back(n);
-  }
-  return counts;
-}
-
-// The legacy draw's coverage; the scene goes before its context, with its display lists.
-std::vector<std::size_t> legacyCoverage() {
-  headless::EglContext context(kWidth, kHeight);
-  if (!context.ok()) {
-    ADD_FAILURE() << context.error();
-    return {};
-  }
-  gallery::GalleryScene scene(allEntries(), layout());
-  gallery::setUpView(layout());
-  scene.draw();
-  return coverage(context);
-}
-
-// Each layer reaches the picture, with its view and line width: every cell covers about as much
-// of the picture as the legacy draw's.
-TEST(CoreDraw, EveryCellCoversWhatTheLegacyDrawCovers) {
-  const std::vector<std::size_t> legacy = legacyCoverage();
-  headless::EglContext context(kWidth, kHeight, 0, headless::EglContext::Profile::Core);
-  ASSERT_TRUE(context.ok()) << context.error();
-  gallery::GalleryScene scene(allEntries(), layout());
-  lumagrid::CoreProfileRenderer renderer;  // goes before its context
-  const viewer::Camera camera = viewer::coreCamera(layout(), gallery::Orbit());
-  viewer::clearCore(camera);
-  std::string error;
-  ASSERT_TRUE(viewer::drawCore(renderer, scene, camera, &error)) << error;
-  const std::vector<std::size_t> core = coverage(context);
-  ASSERT_EQ(core.size(), legacy.size());
-  for (std::size_t i = 0; i < core.size(); ++i) {
-    EXPECT_GT(legacy[i], 0u) << gallery::catalog()[i].name;
-    EXPECT_NEAR(static_cast<double>(core[i]), static_cast<double>(legacy[i]), 0.15 * legacy[i])
-        << gallery::catalog()[i].name;
-  }
-}
 
 }  // namespace

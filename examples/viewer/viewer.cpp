@@ -116,10 +116,11 @@ void Viewer::resize(int width, int height) {
 void Viewer::draw() {
   if (core()) {
     // The renderer sorts each layer's translucent shapes after its opaque ones itself.
-    const Camera view = camera();
-    clearCore(view);
+    gallery::clearPicture(layout_);
     drawError_.clear();
-    drawCore(*coreRenderer_, *scene_, view, &drawError_);
+    if (!scene_->draw(*coreRenderer_, gallery::coreView(layout_, orbit_))) {
+      drawError_ = coreRenderer_->LastError();
+    }
     return;
   }
   gallery::setUpView(layout_, orbit_);
