@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "mesh/group_members.h"
 #include "mesh/shape_fields.h"
 #include "mesh/shape_kind.h"
 #include "mesh/shape_meshes.h"
@@ -28,30 +29,20 @@ class KeyWriter {
   std::string key_;
 };
 
-using Path = std::vector<const CGLObject*>;
+using Path = OpenGroups;
 
 void PutShape(KeyWriter& key, CGLObject& shape, Path& groups);
 
 void PutGroup(KeyWriter& key, const CGLGroup& group, Path& groups) {
-  for (const CGLObject* open : groups) {
-    if (open == &group) {
-      return;
-    }
-  }
-  groups.push_back(&group);
-  for (CGLObject* member : GroupFields::arrObjects(group)) {
-    if (member == nullptr || !ObjectFields::bVisible(*member)) {
-      continue;
-    }
+  VisitVisibleMembers(group, groups, [&](CGLObject& member) {
     key.Put('{');
-    const double* m = ObjectFields::matrix(*member);
+    const double* m = ObjectFields::matrix(member);
     for (int i = 0; i < 16; ++i) {
       key.Put(m[i]);
     }
-    PutShape(key, *member, groups);
+    PutShape(key, member, groups);
     key.Put('}');
-  }
-  groups.pop_back();
+  });
 }
 
 void PutShape(KeyWriter& key, CGLObject& shape, Path& groups) {
@@ -147,7 +138,7 @@ std::string MeshKey(CGLObject& shape) {
     return std::string();
   }
   detail::KeyWriter key;
-  std::vector<const CGLObject*> groups;
+  detail::OpenGroups groups;
   detail::PutShape(key, shape, groups);
   return std::move(key.Key());
 }

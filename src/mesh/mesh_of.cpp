@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "mesh/group_members.h"
 #include "mesh/mesh_assembly.h"
 #include "mesh/shape_fields.h"
 #include "mesh/shape_kind.h"
@@ -15,29 +16,18 @@ namespace detail {
 
 namespace {
 
-using Path = std::vector<const CGLObject*>;
+using Path = OpenGroups;
 
 void AddShape(MeshAssembly& mesh, CGLObject& shape, Path& groups);
 
-// Members through their own matrices; a group met again inside itself adds nothing, where
-// drawing it would never end.
+// Members through their own matrices.
 void AddGroup(MeshAssembly& mesh, const CGLGroup& group, Path& groups) {
-  for (const CGLObject* open : groups) {
-    if (open == &group) {
-      return;
-    }
-  }
-  groups.push_back(&group);
-  for (CGLObject* member : GroupFields::arrObjects(group)) {
-    if (member == nullptr || !ObjectFields::bVisible(*member)) {
-      continue;
-    }
+  VisitVisibleMembers(group, groups, [&](CGLObject& member) {
     mesh.Push();
-    mesh.MultMatrix(ObjectFields::matrix(*member));
-    AddShape(mesh, *member, groups);
+    mesh.MultMatrix(ObjectFields::matrix(member));
+    AddShape(mesh, member, groups);
     mesh.Pop();
-  }
-  groups.pop_back();
+  });
 }
 
 void AddPolyline(MeshAssembly& mesh, const CGLPolyline& polyline) {
@@ -134,7 +124,7 @@ void AddShape(MeshAssembly& mesh, CGLObject& shape, Path& groups) {
 
 Mesh MeshOf(CGLObject& shape) {
   detail::MeshAssembly mesh;
-  std::vector<const CGLObject*> groups;
+  detail::OpenGroups groups;
   detail::AddShape(mesh, shape, groups);
   return mesh.Take();
 }
