@@ -8,9 +8,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "coreprofile/frame_shapes.h"
@@ -35,6 +37,7 @@ struct Batch {
   const GpuMesh* mesh;
   std::size_t first;
   GLsizei count;
+  bool cullBackFaces;
 };
 
 std::string VersionText(int version) {
@@ -200,8 +203,11 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
   std::vector<Instance> instances;
   instances.reserve(shapes.size());
   std::vector<Batch> opaque;
-  std::unordered_map<const GpuMesh*, std::vector<const Instance*>> byMesh;
-  std::vector<const GpuMesh*> order;
+  // Back faces of a closed mesh are hidden behind its front ones, unless a mirroring model-view
+  // turns its winding round: culled, they cost llvmpipe nothing past the triangle's setup.
+  using Group = std::pair<const GpuMesh*, bool>;
+  std::map<Group, std::vector<const Instance*>> byMesh;
+  std::vector<Group> order;
   struct Translucent {
     float depth;
     const GpuMesh* mesh;
@@ -218,15 +224,16 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
           {detail::EyeDepth(shape.instance, mesh.centre().data()), &mesh, &shape.instance});
       continue;
     }
-    std::vector<const Instance*>& group = byMesh[&mesh];
+    const Group key{&mesh, mesh.closed() && !shape.mirrored};
+    std::vector<const Instance*>& group = byMesh[key];
     if (group.empty()) {
-      order.push_back(&mesh);
+      order.push_back(key);
     }
     group.push_back(&shape.instance);
   }
-  for (const GpuMesh* mesh : order) {
-    const std::vector<const Instance*>& group = byMesh[mesh];
-    opaque.push_back({mesh, instances.size(), static_cast<GLsizei>(group.size())});
+  for (const Group& key : order) {
+    const std::vector<const Instance*>& group = byMesh[key];
+    opaque.push_back({key.first, instances.size(), static_cast<GLsizei>(group.size()), key.second});
     for (const Instance* instance : group) {
       instances.push_back(*instance);
     }
@@ -246,9 +253,14 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
                  instances.data(), GL_STREAM_DRAW);
     glEnable(GL_DEPTH_TEST);
     glDisable(GL_BLEND);
-    glDisable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
     glDepthMask(GL_TRUE);
     for (const Batch& batch : opaque) {
+      if (batch.cullBackFaces) {
+        glEnable(GL_CULL_FACE);
+      } else {
+        glDisable(GL_CULL_FACE);
+      }
       s.DrawBatch(batch);
     }
     // Translucent shapes blend over everything opaque without hiding one another, and show
@@ -259,7 +271,7 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
     glEnable(GL_CULL_FACE);
     glCullFace(GL_BACK);
     for (std::size_t i = 0; i < translucent.size(); ++i) {
-      s.DrawBatch({translucent[i].mesh, firstTranslucent + i, 1});
+      s.DrawBatch({translucent[i].mesh, firstTranslucent + i, 1, true});
     }
   }
   s.LetGoOfUnusedMeshes();
