@@ -5,8 +5,13 @@
 #   liblumagrid-testing-dev  testing  the testing kit
 #   liblumagrid-gltf0.1      gltf      the glTF export's shared library and its SONAME link
 #   liblumagrid-gltf-dev     gltf-dev  its header, .so link, CMake file and lumagrid-gltf.pc
-# The library packages are named after their SONAMEs (liblumagrid.so.0.1, liblumagrid-gltf.so.0.1),
-# so that two minor versions with different ABIs can be installed side by side.
+#   liblumagrid-coreprofile0.1  coreprofile      the core-profile renderer's shared library and
+#                                                its SONAME link
+#   liblumagrid-coreprofile-dev coreprofile-dev  its header, .so link, CMake file and
+#                                                lumagrid-coreprofile.pc
+# The library packages are named after their SONAMEs (liblumagrid.so.0.1, liblumagrid-gltf.so.0.1,
+# liblumagrid-coreprofile.so.0.1), so that two minor versions with different ABIs can be installed
+# side by side.
 
 set(LUMAGRID_PACKAGE_MAINTAINER "Lumagrid developers <lumagrid@lumagrid.invalid>"
     CACHE STRING "Maintainer field of the Debian packages")
@@ -26,15 +31,20 @@ endif()
 
 set(LUMAGRID_RUNTIME_PACKAGE "liblumagrid${LUMAGRID_SOVERSION}")
 set(LUMAGRID_GLTF_PACKAGE "liblumagrid-gltf${LUMAGRID_SOVERSION}")
+set(LUMAGRID_COREPROFILE_PACKAGE "liblumagrid-coreprofile${LUMAGRID_SOVERSION}")
 
-# The packages as `install component:package`. The testing kit's and the glTF export's are absent
-# when their options are off.
+# The packages as `install component:package`. The testing kit's, the glTF export's and the
+# core-profile renderer's are absent when their options are off.
 set(_lumagrid_packages "runtime:${LUMAGRID_RUNTIME_PACKAGE}" "dev:liblumagrid-dev")
 if(LUMAGRID_INSTALL_TESTING_KIT)
   list(APPEND _lumagrid_packages "testing:liblumagrid-testing-dev")
 endif()
 if(LUMAGRID_BUILD_GLTF)
   list(APPEND _lumagrid_packages "gltf:${LUMAGRID_GLTF_PACKAGE}" "gltf-dev:liblumagrid-gltf-dev")
+endif()
+if(LUMAGRID_BUILD_COREPROFILE)
+  list(APPEND _lumagrid_packages "coreprofile:${LUMAGRID_COREPROFILE_PACKAGE}"
+       "coreprofile-dev:liblumagrid-coreprofile-dev")
 endif()
 set(CPACK_COMPONENTS_ALL "")
 foreach(_lumagrid_item IN LISTS _lumagrid_packages)
@@ -173,12 +183,41 @@ This package contains the glTF export's header (lumagrid/GltfExport.h), the
 CMake component (find_package(Lumagrid COMPONENTS gltf): Lumagrid::gltf) and
 the pkg-config file lumagrid-gltf.pc.")
 
+set(CPACK_DEBIAN_COREPROFILE_PACKAGE_NAME "${LUMAGRID_COREPROFILE_PACKAGE}")
+set(CPACK_DEBIAN_COREPROFILE_PACKAGE_SECTION libs)
+# Depends from the binary through dpkg-shlibdeps, as for the glTF export: liblumagrid0.1 (by the
+# shlibs tree below), libepoxy0, and what else it is linked with.
+set(CPACK_DEBIAN_COREPROFILE_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_COREPROFILE_PACKAGE_CONTROL_EXTRA "${CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA}")
+set(CPACK_DEBIAN_COREPROFILE_DESCRIPTION
+    "retained-mode 3D shapes on OpenGL, GLU and GLE - core-profile renderer library
+${_lumagrid_about}
+
+This package contains the core-profile renderer's shared library, which draws
+a scene in an OpenGL 3.3 core profile context, without display lists or the
+fixed-function pipeline, with the look the legacy draw gives it.")
+
+set(CPACK_DEBIAN_COREPROFILE-DEV_PACKAGE_NAME liblumagrid-coreprofile-dev)
+set(CPACK_DEBIAN_COREPROFILE-DEV_PACKAGE_SECTION libdevel)
+# libepoxy stays inside the shared library: a consumer needs only its runtime package, which
+# liblumagrid-coreprofile0.1 brings.
+set(CPACK_COMPONENT_COREPROFILE-DEV_DEPENDS coreprofile dev)
+set(CPACK_DEBIAN_COREPROFILE-DEV_PACKAGE_SUGGESTS "cmake, pkg-config")
+set(CPACK_DEBIAN_COREPROFILE-DEV_DESCRIPTION
+    "retained-mode 3D shapes on OpenGL, GLU and GLE - core-profile development files
+${_lumagrid_about}
+
+This package contains the core-profile renderer's header
+(lumagrid/CoreProfileRenderer.h), the CMake component
+(find_package(Lumagrid COMPONENTS coreprofile): Lumagrid::coreprofile) and the
+pkg-config file lumagrid-coreprofile.pc.")
+
 # dpkg-shlibdeps learns which package provides a library, and its shlibs line, from that
 # package's build tree: a folder holding DEBIAN/shlibs and the library. liblumagrid0.1 is not
 # installed where the packages are built, so its tree is laid out here, with the line CPack writes
-# into the runtime package, and liblumagrid-gltf0.1 comes out depending on it as any other package
-# linked with the library would.
-if(LUMAGRID_BUILD_GLTF)
+# into the runtime package, and liblumagrid-gltf0.1 and liblumagrid-coreprofile0.1 come out
+# depending on it as any other package linked with the library would.
+if(LUMAGRID_BUILD_GLTF OR LUMAGRID_BUILD_COREPROFILE)
   set(_lumagrid_shlibs_tree "${PROJECT_BINARY_DIR}/debian/shlibdeps/${LUMAGRID_RUNTIME_PACKAGE}")
   set(_lumagrid_version "${PROJECT_VERSION}-${LUMAGRID_DEBIAN_REVISION}")
   file(WRITE "${_lumagrid_shlibs_tree}/DEBIAN/shlibs"

@@ -89,6 +89,11 @@ void onDisplay() {
   }
   app.viewer->draw();
   ++app.frame;
+  if (!app.viewer->drawError().empty()) {
+    app.glError = true;
+    std::cerr << kProgram << ": the core-profile renderer drew nothing in frame " << app.frame
+              << ": " << app.viewer->drawError() << '\n';
+  }
   const std::vector<std::string> errors = headless::pendingGLErrors();
   if (!errors.empty()) {
     app.glError = true;
@@ -253,11 +258,16 @@ int main(int argc, char** argv) {
   glutInitErrorFunc(onGlutError);
   glutInit(&glutArgc, glutArgv);
   glutInitDisplayMode(GLUT_DOUBLE | GLUT_RGB | GLUT_DEPTH);
+  if (app.options.renderer == viewer::Renderer::CoreProfile) {
+    glutInitContextVersion(3, 3);
+    glutInitContextProfile(GLUT_CORE_PROFILE);
+  }
   glutInitWindowSize(app.options.width, app.options.height);
   glutCreateWindow("Lumagrid viewer");
 
   g_app = &app;
-  app.viewer = std::make_unique<viewer::Viewer>(app.options.width, app.options.height);
+  app.viewer =
+      std::make_unique<viewer::Viewer>(app.options.width, app.options.height, app.options.renderer);
   showSelection(false);
   glutDisplayFunc(onDisplay);
   glutReshapeFunc(onReshape);

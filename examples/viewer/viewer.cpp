@@ -6,6 +6,7 @@
 #include <lumagrid/CGLScene.h>
 #include <lumagrid/CGLSpring.h>
 #include <lumagrid/CGLTorus.h>
+#include <lumagrid/CoreProfileRenderer.h>
 #include <lumagrid/ShapeDescription.h>
 
 #include <GL/gl.h>
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core_view.h"
 #include "gallery_catalog.h"
 #include "gallery_gltf.h"
 #include "id_pass.h"
@@ -43,13 +45,19 @@ void setAlpha(CGLObject& shape, double alpha) {
 
 }  // namespace
 
-Viewer::Viewer(int width, int height) : layout_(gallery::catalog().size(), width, height) {
+Viewer::Viewer(int width, int height, Renderer renderer)
+    : layout_(gallery::catalog().size(), width, height) {
+  if (renderer == Renderer::CoreProfile) {
+    coreRenderer_ = std::make_unique<lumagrid::CoreProfileRenderer>();
+  }
   for (std::size_t i = 0; i < gallery::catalog().size(); ++i) {
     entries_.push_back(i);
     labels_.push_back(gallery::catalog()[i].label);
   }
   build();
 }
+
+Viewer::~Viewer() = default;
 
 void Viewer::build() {
   scene_.reset();  // its display lists go before the new scene's are made
@@ -80,7 +88,21 @@ void Viewer::build() {
       static_cast<CGLSpring*>(item.shape)->SetShadedMode(0);
     }
   }
-  tubes_.rebuildTori(*scene_, wireframe_);
+  refreshTubes();
+}
+
+void Viewer::refreshTubes() {
+  if (!core()) {
+    tubes_.rebuildTori(*scene_, wireframe_);
+  }
+}
+
+Camera Viewer::camera() const {
+  if (core()) {
+    return coreCamera(layout_, orbit_);
+  }
+  gallery::setUpView(layout_, orbit_);
+  return currentCamera();
 }
 
 void Viewer::resize(int width, int height) {
@@ -92,6 +114,14 @@ void Viewer::resize(int width, int height) {
 }
 
 void Viewer::draw() {
+  if (core()) {
+    // The renderer sorts each layer's translucent shapes after its opaque ones itself.
+    const Camera view = camera();
+    clearCore(view);
+    drawError_.clear();
+    drawCore(*coreRenderer_, *scene_, view, &drawError_);
+    return;
+  }
   gallery::setUpView(layout_, orbit_);
   // Shapes made translucent here stay in their opaque scene: hidden from it, they are drawn after
   // everything else, as the gallery draws its translucent layer.
@@ -139,23 +169,23 @@ void Viewer::zoom(double factor) {
 
 void Viewer::resetView() {
   orbit_ = gallery::Orbit();
-  gallery::setUpView(layout_, orbit_);
-  orbit_.zoom = std::max(kMinZoom, zoomToHold(currentCamera(), sceneBounds(*scene_)));
+  orbit_.zoom = std::max(kMinZoom, zoomToHold(camera(), sceneBounds(*scene_)));
 }
 
 void Viewer::click(int x, int y) {
   const std::vector<Item>& items = scene_->items();
   const std::optional<std::size_t> picked =
-      pickAt(renderIdImage(*scene_, layout_, orbit_), x, y, items.size());
+      core() ? std::nullopt : pickAt(renderIdImage(*scene_, layout_, orbit_), x, y, items.size());
   if (selected_) {
     items[*selected_].scene->SelectGLShape(items[*selected_].shape, 0);
   }
-  selected_ = picked;
-  rayPicked_ = rayPickAt(*scene_, layout_, orbit_, x, y);
+  const std::optional<PixelRay> ray = rayThroughPixel(camera(), x, y);
+  rayPicked_ = ray ? pickByRay(*scene_, *ray) : std::nullopt;
+  selected_ = core() ? rayPicked_ : picked;
   if (selected_) {
     items[*selected_].scene->SelectGLShape(items[*selected_].shape, 1);
   }
-  tubes_.rebuildTori(*scene_, wireframe_);
+  refreshTubes();
 }
 
 void Viewer::toggleWireframe() {
@@ -171,7 +201,7 @@ void Viewer::toggleWireframe() {
       shape->Move(0.0);  // a move by zero: only marks the torus for rebuilding
     }
   }
-  tubes_.rebuildTori(*scene_, wireframe_);
+  refreshTubes();
 }
 
 void Viewer::toggleSelectedVisible() {
@@ -191,7 +221,7 @@ void Viewer::toggleSelectedTranslucent() {
   const double translucent = builtAlpha_[i] < 1.0 ? builtAlpha_[i] : kTranslucentAlpha;
   alpha_[i] = alpha_[i] < 1.0 ? 1.0 : translucent;
   setAlpha(*scene_->items()[i].shape, alpha_[i]);
-  tubes_.rebuildTori(*scene_, wireframe_);
+  refreshTubes();
 }
 
 std::string Viewer::itemText(std::size_t i) const {

@@ -11,13 +11,22 @@
 #include "gallery_layout.h"
 #include "gallery_scene.h"
 #include "gallery_view.h"
+#include "ray_pick.h"
 #include "tube_refresh.h"
+#include "viewer_options.h"
+
+namespace lumagrid {
+class CoreProfileRenderer;
+}
 
 namespace viewer {
 
 class Viewer {
  public:
-  Viewer(int width, int height);
+  // With Renderer::CoreProfile the context must be an OpenGL 3.3 core one: nothing is drawn
+  // through the fixed-function pipeline or display lists then.
+  Viewer(int width, int height, Renderer renderer = Renderer::Legacy);
+  ~Viewer();
   Viewer(const Viewer&) = delete;
   Viewer& operator=(const Viewer&) = delete;
 
@@ -25,6 +34,8 @@ class Viewer {
   void resize(int width, int height);
   // Draws a frame into the back buffer.
   void draw();
+  // Why the last draw() drew nothing, when the core-profile renderer failed; empty otherwise.
+  const std::string& drawError() const { return drawError_; }
 
   // Camera: degrees of turn, a zoom factor, and back to the gallery's view.
   void turn(double yawDegrees, double pitchDegrees);
@@ -35,7 +46,7 @@ class Viewer {
 
   // Selects the shape under window pixel (x, y, from the top left) through its scene, or clears the
   // selection over the background, by the ID pass; picks by ray there too (rayPickText). Redraws
-  // the back buffer with the ID pass.
+  // the back buffer with the ID pass. The core profile has no ID pass: the ray selects there.
   void click(int x, int y);
   void toggleWireframe();
   void toggleSelectedVisible();
@@ -53,6 +64,11 @@ class Viewer {
 
  private:
   void build();
+  bool core() const { return coreRenderer_ != nullptr; }
+  // The camera of the current orbit. The legacy one is set up in GL (clearing the picture).
+  Camera camera() const;
+  // Rebuilds the tori's display lists, which only the legacy draw has.
+  void refreshTubes();
   void drawLate(const gallery::GalleryScene::Item& item);
   std::string itemText(std::size_t i) const;
 
@@ -71,6 +87,10 @@ class Viewer {
   std::vector<double> builtAlpha_;
   std::vector<int> builtShaded_;  // a spring's shaded mode, -1 for other shapes
   bool wireframe_ = false;
+
+  // Set with Renderer::CoreProfile; it goes with the viewer, while the context is current.
+  std::unique_ptr<lumagrid::CoreProfileRenderer> coreRenderer_;
+  std::string drawError_;
 };
 
 }  // namespace viewer

@@ -39,6 +39,13 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
                  "the file `e` writes the scene to as glTF (default lumagrid-viewer.glb; binary\n"
                  "unless FILE ends in .gltf)")
       ->type_name("FILE");
+  std::string renderer = "legacy";
+  app.add_option("--renderer", renderer,
+                 "legacy (default): the library's fixed-function draw; coreprofile: the OpenGL\n"
+                 "3.3 core-profile renderer, in a core context, where a click picks by ray and\n"
+                 "the cells have no labels")
+      ->type_name("NAME")
+      ->check(CLI::IsMember({"legacy", "coreprofile"}).description(""));
   app.footer(
       "Mouse: left drag orbits, left click picks (empty space clears the selection),\n"
       "right drag or the wheel zooms.\n\n" +
@@ -46,6 +53,7 @@ std::optional<int> parseOptions(int argc, const char* const* argv, Options* opti
   if (const std::optional<int> status = examples::parseCommandLine(app, argc, argv)) {
     return status;
   }
+  options->renderer = renderer == "coreprofile" ? Renderer::CoreProfile : Renderer::Legacy;
   // A picture, click or keys without a frame count still needs a frame to be drawn.
   if (options->frames == 0 &&
       (!options->screenshot.empty() || options->click || !options->keys.empty())) {

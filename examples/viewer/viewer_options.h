@@ -11,6 +11,10 @@ struct Click {
   int y;
 };
 
+// What draws the scene: the library's own fixed-function draw, or the OpenGL 3.3 core-profile
+// renderer (Lumagrid::coreprofile) in a core context.
+enum class Renderer { Legacy, CoreProfile };
+
 struct Options {
   int width = 960;
   int height = 800;
@@ -19,6 +23,7 @@ struct Options {
   std::optional<Click> click;
   std::string keys;                          // typed after the click, before the first frame
   std::string gltf = "lumagrid-viewer.glb";  // what `e` writes
+  Renderer renderer = Renderer::Legacy;
 };
 
 // Fills *options from argv. Returns the status to exit with when the program stops here: after

@@ -50,7 +50,10 @@ ShaderProgram::ShaderProgram(const char* vertexSource, const char* fragmentSourc
   glAttachShader(program, vertex);
   glAttachShader(program, fragment);
   glLinkProgram(program);
-  // The program keeps what it linked; the shaders themselves go now.
+  // The program keeps what it linked; the shaders themselves go now (detached, or they would
+  // live as long as the program).
+  glDetachShader(program, vertex);
+  glDetachShader(program, fragment);
   glDeleteShader(vertex);
   glDeleteShader(fragment);
   GLint linked = GL_FALSE;

@@ -2,15 +2,18 @@
 # the consumer example against it twice: through find_package(Lumagrid) and
 # through pkg-config. Any packaging mistake fails here.
 #   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... [-DLIBDIR=...] [-DPREFIX=...]
-#         [-DWITH_GLTF=OFF] -P consumer_check.cmake
+#         [-DWITH_GLTF=OFF] [-DWITH_COREPROFILE=OFF] -P consumer_check.cmake
 # LIBDIR is the build's CMAKE_INSTALL_LIBDIR, read from its cache when not given. PREFIX names a
 # tree installed already (then BUILD_DIR is not needed and nothing is installed). WITH_GLTF=OFF
-# leaves out the glTF host, for a tree built with LUMAGRID_BUILD_GLTF=OFF.
+# leaves out the glTF host, for a tree built with LUMAGRID_BUILD_GLTF=OFF; WITH_COREPROFILE=OFF
+# the core-profile host, for a tree without LUMAGRID_BUILD_COREPROFILE or the testing kit.
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
-if(NOT DEFINED WITH_GLTF)
-  set(WITH_GLTF ON)
-endif()
+foreach(option WITH_GLTF WITH_COREPROFILE)
+  if(NOT DEFINED ${option})
+    set(${option} ON)
+  endif()
+endforeach()
 install_tree()
 
 expect_installed(include/lumagrid/lumagrid.h ${LIBDIR}/cmake/Lumagrid/LumagridConfig.cmake
@@ -20,11 +23,20 @@ if(WITH_GLTF)
   expect_installed(include/lumagrid/GltfExport.h ${LIBDIR}/cmake/Lumagrid/LumagridGltfTargets.cmake
                    ${LIBDIR}/pkgconfig/lumagrid-gltf.pc ${LIBDIR}/liblumagrid-gltf.so)
 endif()
+if(WITH_COREPROFILE)
+  expect_installed(include/lumagrid/CoreProfileRenderer.h
+                   ${LIBDIR}/cmake/Lumagrid/LumagridCoreprofileTargets.cmake
+                   ${LIBDIR}/pkgconfig/lumagrid-coreprofile.pc ${LIBDIR}/liblumagrid-coreprofile.so)
+endif()
 
-# find_package: shared and static consumers.
+# find_package: shared and static consumers. The components look for nothing their shared
+# libraries link privately: tinygltf cannot be found here, nor pkg-config, through which epoxy
+# would be.
 set(cmake_build "${WORK_DIR}/cmake-consumer")
 run(${CMAKE_COMMAND} -S "${SOURCE_DIR}/examples/consumer" -B "${cmake_build}"
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release -DCONSUMER_WITH_GLTF=${WITH_GLTF})
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=Release -DCONSUMER_WITH_GLTF=${WITH_GLTF}
+    -DCONSUMER_WITH_COREPROFILE=${WITH_COREPROFILE} -DCMAKE_DISABLE_FIND_PACKAGE_TinyGLTF=ON
+    -DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON)
 run(${CMAKE_COMMAND} --build "${cmake_build}")
 run("${cmake_build}/consumer_shared")
 message(STATUS "shared: ${last_output}")
@@ -44,6 +56,12 @@ endif()
 if(WITH_GLTF)
   run("${cmake_build}/gltf_host")
   message(STATUS "glTF host: ${last_output}")
+endif()
+if(WITH_COREPROFILE)
+  run("${cmake_build}/coreprofile_host")
+  message(STATUS "core-profile host: ${last_output}")
+  # epoxy is the renderer's own: the host links nothing of it.
+  expect_no_epoxy("${cmake_build}/coreprofile_host")
 endif()
 
 # pkg-config, the way a Makefile user links.
@@ -68,6 +86,20 @@ if(WITH_GLTF)
       -o "${WORK_DIR}/gltf_host_pc" ${gltf_flags} -Wl,-rpath,${prefix}/${LIBDIR})
   run("${WORK_DIR}/gltf_host_pc")
   message(STATUS "pkg-config, gltf_host: ${last_output}")
+endif()
+# The core-profile host through lumagrid-coreprofile.pc and the kit's lumagrid-headless.pc.
+if(WITH_COREPROFILE)
+  run(${PKG_CONFIG} --cflags --libs lumagrid-coreprofile lumagrid-headless)
+  string(STRIP "${last_output}" coreprofile_flags)
+  if(coreprofile_flags MATCHES "epoxy")
+    message(FATAL_ERROR "lumagrid-coreprofile.pc hands its consumers epoxy: ${coreprofile_flags}")
+  endif()
+  separate_arguments(coreprofile_flags UNIX_COMMAND "${coreprofile_flags}")
+  run(${CXX} -std=c++17 "${SOURCE_DIR}/examples/consumer/coreprofile_host.cpp"
+      -o "${WORK_DIR}/coreprofile_host_pc" ${coreprofile_flags} -Wl,-rpath,${prefix}/${LIBDIR})
+  run("${WORK_DIR}/coreprofile_host_pc")
+  message(STATUS "pkg-config, coreprofile_host: ${last_output}")
+  expect_no_epoxy("${WORK_DIR}/coreprofile_host_pc")
 endif()
 # The same GL host linked statically: the archive by name, then what pkg-config lists.
 run(${PKG_CONFIG} --libs-only-other --libs-only-l lumagrid)

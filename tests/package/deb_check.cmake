@@ -1,13 +1,14 @@
-# Installs the five Debian packages into a scratch root with dpkg, checks what each contains and
-# declares, then builds and runs the consumer example (find_package and pkg-config, the glTF host
-# included) and the host-test example (the testing kit) against that root. scripts/package runs it.
+# Installs the seven Debian packages into a scratch root with dpkg, checks what each contains and
+# declares, then builds and runs the consumer example (find_package and pkg-config, the glTF and
+# core-profile hosts included) and the host-test example (the testing kit) against that root.
+# scripts/package runs it.
 #   cmake -DPACKAGES_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -DLIBDIR=lib/x86_64-linux-gnu
 #         -P deb_check.cmake
 # dpkg rather than `dpkg-deb -x`: it also proves that the packages install together, that no file
 # belongs to two of them, and that their maintainer scripts run. --force-depends because the
 # scratch root holds none of their dependencies: the examples take GL, GLU, GLE, EGL, libpng,
-# GoogleTest and tinygltf from this machine, where each dependency is checked to be an installed
-# package.
+# GoogleTest, tinygltf and libepoxy from this machine, where each dependency is checked to be an
+# installed package.
 
 include("${CMAKE_CURRENT_LIST_DIR}/package_common.cmake")
 
@@ -17,8 +18,8 @@ file(REMOVE_RECURSE "${WORK_DIR}")
 # ---------------------------------------------------------------- the .deb files
 file(GLOB debs "${PACKAGES_DIR}/*.deb")
 list(LENGTH debs n)
-if(NOT n EQUAL 5)
-  message(FATAL_ERROR "expected 5 packages in ${PACKAGES_DIR}, found ${n}: ${debs}")
+if(NOT n EQUAL 7)
+  message(FATAL_ERROR "expected 7 packages in ${PACKAGES_DIR}, found ${n}: ${debs}")
 endif()
 # The runtime package is named after the SONAME: liblumagrid0.1 for liblumagrid.so.0.1.
 file(GLOB deb "${PACKAGES_DIR}/liblumagrid[0-9]*_*.deb")
@@ -27,8 +28,10 @@ string(STRIP "${last_output}" runtime)
 string(REGEX REPLACE "^liblumagrid" "" soversion "${runtime}")
 string(REPLACE "." "\\." soversion_re "${soversion}")
 set(gltf "liblumagrid-gltf${soversion}")
-set(libraries ${runtime} ${gltf})
-set(packages ${runtime} liblumagrid-dev liblumagrid-testing-dev ${gltf} liblumagrid-gltf-dev)
+set(coreprofile "liblumagrid-coreprofile${soversion}")
+set(libraries ${runtime} ${gltf} ${coreprofile})
+set(packages ${runtime} liblumagrid-dev liblumagrid-testing-dev ${gltf} liblumagrid-gltf-dev
+             ${coreprofile} liblumagrid-coreprofile-dev)
 foreach(pkg IN LISTS packages)
   file(GLOB deb "${PACKAGES_DIR}/${pkg}_*.deb")
   if(NOT deb)
@@ -44,7 +47,8 @@ set(version "${Version_${runtime}}")
 
 # Sections, and the exact-version chain between them.
 foreach(pair "${runtime};libs" "liblumagrid-dev;libdevel" "liblumagrid-testing-dev;libdevel"
-        "${gltf};libs" "liblumagrid-gltf-dev;libdevel")
+        "${gltf};libs" "liblumagrid-gltf-dev;libdevel" "${coreprofile};libs"
+        "liblumagrid-coreprofile-dev;libdevel")
   list(GET pair 0 pkg)
   list(GET pair 1 section)
   if(NOT Section_${pkg} STREQUAL section)
@@ -64,13 +68,18 @@ expect_depends(liblumagrid-dev "${runtime} (= ${version})")
 expect_depends(liblumagrid-testing-dev "liblumagrid-dev (= ${version})")
 expect_depends(liblumagrid-gltf-dev "${gltf} (= ${version})")
 expect_depends(liblumagrid-gltf-dev "liblumagrid-dev (= ${version})")
-# From the binaries, through dpkg-shlibdeps; the glTF export's liblumagrid0.1 through the runtime
-# package's shlibs line.
+expect_depends(liblumagrid-coreprofile-dev "${coreprofile} (= ${version})")
+expect_depends(liblumagrid-coreprofile-dev "liblumagrid-dev (= ${version})")
+# From the binaries, through dpkg-shlibdeps; the glTF export's and the core-profile renderer's
+# liblumagrid0.1 through the runtime package's shlibs line.
 foreach(dep libgl1 libglu1-mesa libgle3 libc6 libstdc++6)
   expect_depends(${runtime} "${dep}")
 endforeach()
 foreach(dep "${runtime} (>= ${version})" libtinygltf2d libc6 libstdc++6)
   expect_depends(${gltf} "${dep}")
+endforeach()
+foreach(dep "${runtime} (>= ${version})" libepoxy0 libc6 libstdc++6)
+  expect_depends(${coreprofile} "${dep}")
 endforeach()
 foreach(dep libgl-dev libglu1-mesa-dev libgle3-dev)
   expect_depends(liblumagrid-dev "${dep}")
@@ -158,6 +167,15 @@ set(patterns_liblumagrid-gltf-dev
     "^${lib}/cmake/Lumagrid/LumagridGltfTargets(-release)?\\.cmake$"
     "^${lib}/pkgconfig/lumagrid-gltf\\.pc$"
     "^/usr/share/doc/liblumagrid-gltf-dev/(copyright|changelog\\.Debian\\.gz)$")
+set(patterns_${coreprofile}
+    "^${lib}/liblumagrid-coreprofile\\.so\\.${soversion_re}(\\.[0-9]+)?$"
+    "^/usr/share/doc/${coreprofile}/(copyright|changelog\\.Debian\\.gz)$")
+set(patterns_liblumagrid-coreprofile-dev
+    "^/usr/include/lumagrid/CoreProfileRenderer\\.h$"
+    "^${lib}/liblumagrid-coreprofile\\.so$"
+    "^${lib}/cmake/Lumagrid/LumagridCoreprofileTargets(-release)?\\.cmake$"
+    "^${lib}/pkgconfig/lumagrid-coreprofile\\.pc$"
+    "^/usr/share/doc/liblumagrid-coreprofile-dev/(copyright|changelog\\.Debian\\.gz)$")
 foreach(pkg IN LISTS packages)
   run(dpkg-query --admindir=${root}/var/lib/dpkg -L ${pkg})
   string(REPLACE "\n" ";" files "${last_output}")
@@ -182,7 +200,7 @@ foreach(pkg IN LISTS packages)
                         "cmake/debian/changelog")
   endif()
 endforeach()
-foreach(name liblumagrid liblumagrid-gltf)
+foreach(name liblumagrid liblumagrid-gltf liblumagrid-coreprofile)
   if(NOT IS_SYMLINK "${root}${lib}/${name}.so"
      OR NOT IS_SYMLINK "${root}${lib}/${name}.so.${soversion}")
     message(FATAL_ERROR "${name}'s .so and SONAME links are missing from ${root}${lib}")
@@ -204,7 +222,8 @@ file(STRINGS "${WORK_DIR}/consumer/cmake-consumer/CMakeCache.txt" dir_entry REGE
 if(NOT dir_entry MATCHES "=${root}/usr/")
   message(FATAL_ERROR "find_package(Lumagrid) did not find the packages: ${dir_entry}")
 endif()
-foreach(program_libraries "consumer_shared;liblumagrid" "gltf_host;liblumagrid;liblumagrid-gltf")
+foreach(program_libraries "consumer_shared;liblumagrid" "gltf_host;liblumagrid;liblumagrid-gltf"
+        "coreprofile_host;liblumagrid;liblumagrid-coreprofile")
   list(POP_FRONT program_libraries program)
   run(ldd "${WORK_DIR}/consumer/cmake-consumer/${program}")
   foreach(name IN LISTS program_libraries)

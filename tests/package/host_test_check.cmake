@@ -45,7 +45,8 @@ file(WRITE "${plain}/CMakeLists.txt" [=[
 cmake_minimum_required(VERSION 3.21)
 project(plain LANGUAGES CXX)
 find_package(Lumagrid REQUIRED)
-if(TARGET Lumagrid::glrecorder OR TARGET Lumagrid::headless OR TARGET Lumagrid::gltf)
+if(TARGET Lumagrid::glrecorder OR TARGET Lumagrid::headless OR TARGET Lumagrid::gltf
+   OR TARGET Lumagrid::coreprofile)
   message(FATAL_ERROR "components loaded without being asked for")
 endif()
 ]=])

@@ -1,4 +1,4 @@
-# Shared by the package checks: run(), install_tree() and expect_installed().
+# Shared by the package checks: run(), install_tree(), expect_installed() and expect_no_epoxy().
 
 # Runs a command; fails the check with its output when it fails. Its stdout is left in
 # last_output.
@@ -38,4 +38,14 @@ function(expect_installed)
       message(FATAL_ERROR "missing from the install tree: ${f}")
     endif()
   endforeach()
+endfunction()
+
+# Fails the check when the program itself needs libepoxy: the core-profile renderer links it
+# privately, so a host's link line and its NEEDED entries must not name it.
+function(expect_no_epoxy program)
+  find_program(READELF readelf REQUIRED)
+  run(${READELF} -d "${program}")
+  if(last_output MATCHES "NEEDED[^\n]*libepoxy")
+    message(FATAL_ERROR "${program} needs libepoxy itself:\n${last_output}")
+  endif()
 endfunction()
