@@ -43,8 +43,9 @@ struct View {
 /// shapes in their colour, unlit.
 ///
 /// Unlike the legacy draw, translucent shapes come after the opaque ones, sorted back to front,
-/// with depth writes off; shapes of the same mesh are drawn instanced; and a shape's mesh is
-/// rebuilt only when its geometry changes. The shapes are only read: their modified marks and
+/// with depth writes off; shapes of the same mesh are drawn instanced; back faces of a mesh that
+/// closes a surface are culled, which hides nothing seen from outside the shape (a camera inside
+/// it sees none of it); and a shape's mesh is rebuilt only when its geometry changes. The shapes are only read: their modified marks and
 /// display lists are left to the legacy draw.
 class LUMAGRID_COREPROFILE_API CoreProfileRenderer {
  public:

@@ -8,9 +8,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "coreprofile/frame_shapes.h"
@@ -35,6 +37,7 @@ struct Batch {
   const GpuMesh* mesh;
   std::size_t first;
   GLsizei count;
+  bool cullBackFaces;
 };
 
 std::string VersionText(int version) {
@@ -66,14 +69,29 @@ void PointInstances(std::size_t first) {
 
 }  // namespace
 
+// The program for one set of lights, which are directional and which are not, and where its
+// uniforms are.
+struct LitProgram {
+  explicit LitProgram(const std::vector<bool>& directional)
+      : program(detail::VertexShader(directional).c_str(), detail::kFragmentShader),
+        projection(program.uniform("projection")),
+        lit(program.uniform("lit")),
+        lightPosition(program.uniform("lightPosition")),
+        lightDiffuse(program.uniform("lightDiffuse")),
+        ambient(program.uniform("ambient")) {}
+
+  detail::ShaderProgram program;
+  GLint projection;
+  GLint lit;
+  GLint lightPosition;
+  GLint lightDiffuse;
+  GLint ambient;
+};
+
 struct CoreProfileRenderer::State {
-  std::unique_ptr<detail::ShaderProgram> program;
-  GLint projection = -1;
-  GLint lit = -1;
-  GLint lightCount = -1;
-  GLint lightPosition = -1;
-  GLint lightDiffuse = -1;
-  GLint ambient = -1;
+  // Built the first time a view has their set of lights.
+  std::map<std::vector<bool>, std::unique_ptr<LitProgram>> programs;
+  LitProgram* program = nullptr;
   GLuint instanceBuffer = 0;
   std::unordered_map<std::string, std::unique_ptr<GpuMesh>> meshes;
   std::uint64_t frame = 0;
@@ -103,18 +121,17 @@ bool CoreProfileRenderer::State::Ready(const View& view) {
             std::to_string(detail::kMaxLights) + " are drawn";
     return false;
   }
-  if (!program) {
-    program =
-        std::make_unique<detail::ShaderProgram>(detail::kVertexShader, detail::kFragmentShader);
-    projection = program->uniform("projection");
-    lit = program->uniform("lit");
-    lightCount = program->uniform("lightCount");
-    lightPosition = program->uniform("lightPosition");
-    lightDiffuse = program->uniform("lightDiffuse");
-    ambient = program->uniform("ambient");
+  std::vector<bool> directional;
+  for (const Light& light : view.lights) {
+    directional.push_back(light.position[3] == 0.0f);
   }
-  if (!program->ok()) {
-    error = program->error();
+  std::unique_ptr<LitProgram>& entry = programs[directional];
+  if (!entry) {
+    entry = std::make_unique<LitProgram>(directional);
+  }
+  program = entry.get();
+  if (!program->program.ok()) {
+    error = program->program.error();
     return false;
   }
   if (instanceBuffer == 0) {
@@ -134,8 +151,8 @@ const GpuMesh& CoreProfileRenderer::State::MeshFor(FrameShape& shape) {
 }
 
 void CoreProfileRenderer::State::SetView(const View& view) {
-  glUseProgram(program->id());
-  glUniformMatrix4fv(projection, 1, GL_FALSE, view.projection);
+  glUseProgram(program->program.id());
+  glUniformMatrix4fv(program->projection, 1, GL_FALSE, view.projection);
   std::vector<float> positions;
   std::vector<float> diffuse;
   for (const Light& light : view.lights) {
@@ -143,24 +160,23 @@ void CoreProfileRenderer::State::SetView(const View& view) {
     diffuse.insert(diffuse.end(), light.diffuse, light.diffuse + 4);
   }
   const auto count = static_cast<GLsizei>(view.lights.size());
-  glUniform1i(lightCount, count);
   if (count > 0) {
-    glUniform4fv(lightPosition, count, positions.data());
-    glUniform4fv(lightDiffuse, count, diffuse.data());
+    glUniform4fv(program->lightPosition, count, positions.data());
+    glUniform4fv(program->lightDiffuse, count, diffuse.data());
   }
-  glUniform4fv(ambient, 1, view.ambient);
+  glUniform4fv(program->ambient, 1, view.ambient);
 }
 
 void CoreProfileRenderer::State::DrawBatch(const Batch& batch) {
   glBindVertexArray(batch.mesh->vertexArray());
   PointInstances(batch.first);
   if (batch.mesh->triangleIndices() > 0) {
-    glUniform1i(lit, 1);
+    glUniform1i(program->lit, 1);
     glDrawElementsInstanced(GL_TRIANGLES, batch.mesh->triangleIndices(), GL_UNSIGNED_INT, nullptr,
                             batch.count);
   }
   if (batch.mesh->lineIndices() > 0) {
-    glUniform1i(lit, 0);
+    glUniform1i(program->lit, 0);
     const auto offset = static_cast<std::size_t>(batch.mesh->triangleIndices()) * 4;
     glDrawElementsInstanced(GL_LINES, batch.mesh->lineIndices(), GL_UNSIGNED_INT,
                             reinterpret_cast<const void*>(offset), batch.count);
@@ -181,7 +197,7 @@ CoreProfileRenderer::CoreProfileRenderer() : state_(std::make_unique<State>()) {
 
 CoreProfileRenderer::~CoreProfileRenderer() {
   state_->meshes.clear();
-  state_->program.reset();
+  state_->programs.clear();
   if (state_->instanceBuffer != 0) {
     glDeleteBuffers(1, &state_->instanceBuffer);
   }
@@ -200,8 +216,11 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
   std::vector<Instance> instances;
   instances.reserve(shapes.size());
   std::vector<Batch> opaque;
-  std::unordered_map<const GpuMesh*, std::vector<const Instance*>> byMesh;
-  std::vector<const GpuMesh*> order;
+  // Back faces of a closed mesh are hidden behind its front ones, unless a mirroring model-view
+  // turns its winding round: culled, they cost llvmpipe nothing past the triangle's setup.
+  using Group = std::pair<const GpuMesh*, bool>;
+  std::map<Group, std::vector<const Instance*>> byMesh;
+  std::vector<Group> order;
   struct Translucent {
     float depth;
     const GpuMesh* mesh;
@@ -218,15 +237,16 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
           {detail::EyeDepth(shape.instance, mesh.centre().data()), &mesh, &shape.instance});
       continue;
     }
-    std::vector<const Instance*>& group = byMesh[&mesh];
+    const Group key{&mesh, mesh.closed() && !shape.mirrored};
+    std::vector<const Instance*>& group = byMesh[key];
     if (group.empty()) {
-      order.push_back(&mesh);
+      order.push_back(key);
     }
     group.push_back(&shape.instance);
   }
-  for (const GpuMesh* mesh : order) {
-    const std::vector<const Instance*>& group = byMesh[mesh];
-    opaque.push_back({mesh, instances.size(), static_cast<GLsizei>(group.size())});
+  for (const Group& key : order) {
+    const std::vector<const Instance*>& group = byMesh[key];
+    opaque.push_back({key.first, instances.size(), static_cast<GLsizei>(group.size()), key.second});
     for (const Instance* instance : group) {
       instances.push_back(*instance);
     }
@@ -246,9 +266,14 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
                  instances.data(), GL_STREAM_DRAW);
     glEnable(GL_DEPTH_TEST);
     glDisable(GL_BLEND);
-    glDisable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
     glDepthMask(GL_TRUE);
     for (const Batch& batch : opaque) {
+      if (batch.cullBackFaces) {
+        glEnable(GL_CULL_FACE);
+      } else {
+        glDisable(GL_CULL_FACE);
+      }
       s.DrawBatch(batch);
     }
     // Translucent shapes blend over everything opaque without hiding one another, and show
@@ -259,7 +284,7 @@ bool CoreProfileRenderer::Draw(CGLScene& scene, const View& view) {
     glEnable(GL_CULL_FACE);
     glCullFace(GL_BACK);
     for (std::size_t i = 0; i < translucent.size(); ++i) {
-      s.DrawBatch({translucent[i].mesh, firstTranslucent + i, 1});
+      s.DrawBatch({translucent[i].mesh, firstTranslucent + i, 1, true});
     }
   }
   s.LetGoOfUnusedMeshes();
@@ -280,7 +305,10 @@ std::string CoreProfileRenderer::LastError() const {
 }
 
 std::size_t CoreProfileRenderer::GLObjectCount() const {
-  std::size_t count = state_->program && state_->program->ok() ? 1 : 0;
+  std::size_t count = 0;
+  for (const auto& entry : state_->programs) {
+    count += entry.second->program.ok() ? 1 : 0;
+  }
   count += state_->instanceBuffer != 0 ? 1 : 0;
   for (const auto& entry : state_->meshes) {
     count += entry.second->glObjects();

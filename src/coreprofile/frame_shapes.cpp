@@ -24,8 +24,9 @@ void Multiply(const float* a, const double* b, double* out) {
 }
 
 // The inverse transpose of the upper 3x3: its cofactors over the determinant. The shader
-// normalises, so a singular matrix (a shape scaled flat) keeps the cofactors.
-void NormalMatrix(const double* m, float* out) {
+// normalises, so a singular matrix (a shape scaled flat) keeps the cofactors. Returns the
+// determinant.
+double NormalMatrix(const double* m, float* out) {
   auto a = [m](int r, int c) { return m[4 * c + r]; };
   double cofactor[3][3];
   for (int r = 0; r < 3; ++r) {
@@ -41,6 +42,7 @@ void NormalMatrix(const double* m, float* out) {
       out[3 * c + r] = static_cast<float>(cofactor[r][c] * scale);
     }
   }
+  return det;
 }
 
 bool AllFinite(const double* m, int n) {
@@ -60,7 +62,7 @@ std::vector<FrameShape> CollectFrameShapes(CGLScene& scene, const View& view) {
     if (!item.shown) {
       continue;
     }
-    FrameShape frame{item.shape, MeshKey(*item.shape), Instance{}, false};
+    FrameShape frame{item.shape, MeshKey(*item.shape), Instance{}, false, false};
     if (frame.meshKey.empty()) {
       continue;
     }
@@ -72,7 +74,7 @@ std::vector<FrameShape> CollectFrameShapes(CGLScene& scene, const View& view) {
     for (int i = 0; i < 16; ++i) {
       frame.instance.modelView[i] = static_cast<float>(modelView[i]);
     }
-    NormalMatrix(modelView, frame.instance.normalMatrix);
+    frame.mirrored = NormalMatrix(modelView, frame.instance.normalMatrix) < 0.0;
     const CGLColor& c =
         item.shape->IsSelected() != 0 ? item.shape->HLColorGet() : item.shape->ColorGet();
     const double channels[] = {c.Red(), c.Green(), c.Blue(), c.Alpha()};

@@ -23,6 +23,7 @@ struct FrameShape {
   std::string meshKey;
   Instance instance;
   bool translucent;
+  bool mirrored;  // the model-view turns its faces' winding round
 };
 
 // The scene's shown shapes in drawing order, groups expanded; shapes of a class the library

@@ -1,7 +1,11 @@
 #include "coreprofile/gpu_mesh.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
+#include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "coreprofile/shader_source.h"
@@ -44,6 +48,41 @@ PackedMesh Pack(const Mesh& mesh) {
   return packed;
 }
 
+// Whether every edge of the triangles, their corners taken by position (a seam repeats a point
+// with other normals), is met exactly once in each direction. Triangles with two corners at one
+// point cover nothing and are left out.
+bool ClosesASurface(const PackedMesh& mesh) {
+  if (mesh.triangles.empty()) {
+    return false;
+  }
+  std::map<std::array<float, 3>, std::uint32_t> points;
+  std::vector<std::uint32_t> pointOf(mesh.vertices.size() / 6);
+  for (std::size_t v = 0; v < pointOf.size(); ++v) {
+    std::array<float, 3> p;
+    std::memcpy(p.data(), &mesh.vertices[6 * v], sizeof p);
+    pointOf[v] = points.emplace(p, static_cast<std::uint32_t>(points.size())).first->second;
+  }
+  std::set<std::pair<std::uint32_t, std::uint32_t>> edges;
+  for (std::size_t t = 0; t + 2 < mesh.triangles.size(); t += 3) {
+    const std::uint32_t corner[] = {pointOf[mesh.triangles[t]], pointOf[mesh.triangles[t + 1]],
+                                    pointOf[mesh.triangles[t + 2]]};
+    if (corner[0] == corner[1] || corner[1] == corner[2] || corner[2] == corner[0]) {
+      continue;
+    }
+    for (int k = 0; k < 3; ++k) {
+      if (!edges.emplace(corner[k], corner[(k + 1) % 3]).second) {
+        return false;
+      }
+    }
+  }
+  for (const auto& edge : edges) {
+    if (edges.count({edge.second, edge.first}) == 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 GpuMesh::GpuMesh(const Mesh& mesh) {
@@ -55,6 +94,7 @@ GpuMesh::GpuMesh(const Mesh& mesh) {
     centre_[static_cast<std::size_t>(i)] =
         (packed.low[static_cast<std::size_t>(i)] + packed.high[static_cast<std::size_t>(i)]) / 2;
   }
+  closed_ = ClosesASurface(packed);
   triangleIndices_ = static_cast<GLsizei>(packed.triangles.size());
   lineIndices_ = static_cast<GLsizei>(packed.lines.size());
   packed.triangles.insert(packed.triangles.end(), packed.lines.begin(), packed.lines.end());

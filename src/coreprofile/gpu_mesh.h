@@ -23,6 +23,9 @@ class GpuMesh {
   GLsizei triangleIndices() const { return triangleIndices_; }
   GLsizei lineIndices() const { return lineIndices_; }
   bool empty() const { return triangleIndices_ == 0 && lineIndices_ == 0; }
+  // Its triangles close a surface, each edge met once each way, so that back faces can be
+  // culled unseen from outside.
+  bool closed() const { return closed_; }
   // The middle of the mesh's box, in its own frame: where translucent shapes are sorted from.
   const std::array<double, 3>& centre() const { return centre_; }
   // Buffers and vertex arrays held: 0 or 3.
@@ -37,6 +40,7 @@ class GpuMesh {
   GLuint indices_ = 0;
   GLsizei triangleIndices_ = 0;
   GLsizei lineIndices_ = 0;
+  bool closed_ = false;
   std::array<double, 3> centre_{};
 };
 

@@ -1,6 +1,10 @@
 #ifndef LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
 #define LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 namespace lumagrid::detail {
 
 // Attribute locations the vertex arrays and the shader share.
@@ -17,8 +21,11 @@ constexpr int kMaxLights = 8;
 // The fixed-function pipeline's lighting of an AMBIENT_AND_DIFFUSE material with no specular
 // part and no emission, per vertex as GL lights: the light model's ambient and every light's
 // diffuse term, clamped. Lines take their colour as it is, unless they carry normals (a tube's
-// wireframe), which GL lights.
-constexpr const char* kVertexShader = R"(#version 330 core
+// wireframe), which GL lights. The lights' terms are written out one by one for the view's
+// lights, as GL's own fixed-function shaders are: a loop over a uniform count costs llvmpipe a
+// third of a frame of many vertices.
+inline std::string VertexShader(const std::vector<bool>& directional) {
+  std::string source = R"(#version 330 core
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
 layout(location = 2) in mat4 modelView;
@@ -26,11 +33,13 @@ layout(location = 6) in mat3 normalMatrix;
 layout(location = 9) in vec4 colour;
 uniform mat4 projection;
 uniform bool lit;
-uniform int lightCount;
 uniform vec4 lightPosition[8];
 uniform vec4 lightDiffuse[8];
 uniform vec4 ambient;
 out vec4 shade;
+vec3 diffuse(int i, vec3 n, vec3 toLight) {
+  return lightDiffuse[i].rgb * colour.rgb * max(dot(n, normalize(toLight)), 0.0);
+}
 void main() {
   vec4 eye = modelView * vec4(position, 1.0);
   gl_Position = projection * eye;
@@ -40,15 +49,19 @@ void main() {
   }
   vec3 n = normalize(normalMatrix * normal);
   vec3 c = ambient.rgb * colour.rgb;
-  for (int i = 0; i < lightCount; ++i) {
-    vec3 toLight = lightPosition[i].w == 0.0
-        ? lightPosition[i].xyz
-        : lightPosition[i].xyz / lightPosition[i].w - eye.xyz / eye.w;
-    c += lightDiffuse[i].rgb * colour.rgb * max(dot(n, normalize(toLight)), 0.0);
+)";
+  for (std::size_t i = 0; i < directional.size(); ++i) {
+    const std::string light = "lightPosition[" + std::to_string(i) + "]";
+    source +=
+        "  c += diffuse(" + std::to_string(i) + ", n, " +
+        (directional[i] ? light + ".xyz" : light + ".xyz / " + light + ".w - eye.xyz / eye.w") +
+        ");\n";
   }
-  shade = vec4(clamp(c, 0.0, 1.0), clamp(colour.a, 0.0, 1.0));
+  source += R"(  shade = vec4(clamp(c, 0.0, 1.0), clamp(colour.a, 0.0, 1.0));
 }
 )";
+  return source;
+}
 
 constexpr const char* kFragmentShader = R"(#version 330 core
 in vec4 shade;

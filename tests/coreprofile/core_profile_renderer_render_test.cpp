@@ -212,6 +212,20 @@ TEST_F(CoreProfileRender, FreesEveryGLObjectItMade) {
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
+// Back faces of a closed mesh are culled; a mirrored shape's winding is turned round, so its
+// near face must still show, lit, and not the far one behind it.
+TEST_F(CoreProfileRender, AMirroredClosedShapeShowsItsNearFace) {
+  CoreProfileRenderer renderer;
+  CGLCylinder* disk = Disk(1.0, 0.0, 1.0, 0.0, 0.0, 1.0);
+  disk->Scale(-1.0, 1.0, 1.0);
+  scene_.AddGLShape(disk);
+  Clear();
+  ASSERT_TRUE(renderer.Draw(
+      scene_, OrthoView({{{0.0f, 0.0f, 1.0f, 0.0f}, {1.0f, 1.0f, 1.0f, 1.0f}}}, 0.2f)))
+      << renderer.LastError();
+  ExpectPixel(context_, kSize / 2, kSize / 2, 255, 0, 0);
+}
+
 TEST_F(CoreProfileRender, LeavesTheGLStateAsItFoundIt) {
   glEnable(GL_BLEND);
   glBlendFunc(GL_ONE, GL_ONE);
