@@ -259,9 +259,10 @@ double ResidentBytes() {
   return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-// The resident set's growth from before the scene is built to after its first two frames, as
-// the counter rss_growth (bytes): what the shapes, the lists or meshes and the driver hold then;
-// shapes_growth is the part the built scene holds before it is drawn, the same on both sides.
+// What drawing adds to the resident set: its growth from after the scene is built to after its
+// first two frames, as the counter rss_growth (bytes): what the lists or the meshes and instance
+// data, and the driver, hold then. scene_growth is what building the scene took before, the same
+// on both sides (the shapes are the host's either way).
 // Freed heap is handed back to the system before each reading, so that neither memory freed by
 // earlier runs nor what the frames freed counts. The time is that of the build and both frames.
 template <class Way>
@@ -277,18 +278,19 @@ void MemoryOfTwoFrames(benchmark::State& state, Fill fill, double extent) {
     auto scene = std::make_unique<CGLScene>();
     fill(*scene);
     malloc_trim(0);
-    shapes = ResidentBytes() - before;
+    const double built = ResidentBytes();
+    shapes = built - before;
     auto way = std::make_unique<Way>(view);
     way->Frame(*scene);
     way->Frame(*scene);
     state.SetIterationTime(Seconds(std::chrono::steady_clock::now() - start));
     malloc_trim(0);
-    growth = ResidentBytes() - before;
+    growth = ResidentBytes() - built;
     way.reset();
     scene.reset();
   }
   state.counters["rss_growth"] = growth;
-  state.counters["shapes_growth"] = shapes;
+  state.counters["scene_growth"] = shapes;
 }
 
 const double kSphereExtent = kSpheresPerRow * kSphereSpacing;

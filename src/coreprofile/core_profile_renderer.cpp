@@ -101,6 +101,7 @@ struct CoreProfileRenderer::State {
   const GpuMesh& MeshFor(FrameShape& shape);
   void SetView(const View& view);
   void DrawBatch(const Batch& batch);
+  void DrawRun(const Batch& batch);
   void LetGoOfUnusedMeshes();
 };
 
@@ -167,7 +168,26 @@ void CoreProfileRenderer::State::SetView(const View& view) {
   glUniform4fv(program->ambient, 1, view.ambient);
 }
 
-void CoreProfileRenderer::State::DrawBatch(const Batch& batch) {
+void CoreProfileRenderer::State::DrawBatch(const Batch& whole) {
+  // The driver holds every primitive it has been given until it has drawn them: handed over a
+  // run of about kRunPrimitives at a time, with a flush after each, it holds a run's worth, and
+  // draws one run while it is given the next.
+  constexpr GLsizei kRunPrimitives = 1 << 17;
+  const GLsizei perInstance =
+      std::max<GLsizei>(1, whole.mesh->triangleIndices() / 3 + whole.mesh->lineIndices() / 2);
+  const GLsizei run = std::max<GLsizei>(1, kRunPrimitives / perInstance);
+  for (GLsizei done = 0; done < whole.count; done += run) {
+    Batch batch = whole;
+    batch.first += static_cast<std::size_t>(done);
+    batch.count = std::min(run, whole.count - done);
+    DrawRun(batch);
+    if (done + run < whole.count) {
+      glFlush();
+    }
+  }
+}
+
+void CoreProfileRenderer::State::DrawRun(const Batch& batch) {
   glBindVertexArray(batch.mesh->vertexArray());
   PointInstances(batch.first);
   if (batch.mesh->triangleIndices() > 0) {
