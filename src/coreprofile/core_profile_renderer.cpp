@@ -5,6 +5,7 @@
 #include <lumagrid/Mesh.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -61,6 +62,12 @@ void PointInstances(std::size_t first) {
                           at(offsetof(Instance, normalMatrix) + 3 * sizeof(float) * c));
     glVertexAttribDivisor(detail::kNormalMatrix + c, 1);
   }
+  for (GLuint c = 0; c < 4; ++c) {
+    glEnableVertexAttribArray(detail::kClip + c);
+    glVertexAttribPointer(detail::kClip + c, 4, GL_FLOAT, GL_FALSE, stride,
+                          at(offsetof(Instance, clip) + 4 * sizeof(float) * c));
+    glVertexAttribDivisor(detail::kClip + c, 1);
+  }
   glEnableVertexAttribArray(detail::kColour);
   glVertexAttribPointer(detail::kColour, 4, GL_FLOAT, GL_FALSE, stride,
                         at(offsetof(Instance, colour)));
@@ -74,14 +81,12 @@ void PointInstances(std::size_t first) {
 struct LitProgram {
   explicit LitProgram(const std::vector<bool>& directional)
       : program(detail::VertexShader(directional).c_str(), detail::kFragmentShader),
-        projection(program.uniform("projection")),
         lit(program.uniform("lit")),
         lightPosition(program.uniform("lightPosition")),
         lightDiffuse(program.uniform("lightDiffuse")),
         ambient(program.uniform("ambient")) {}
 
   detail::ShaderProgram program;
-  GLint projection;
   GLint lit;
   GLint lightPosition;
   GLint lightDiffuse;
@@ -153,11 +158,15 @@ const GpuMesh& CoreProfileRenderer::State::MeshFor(FrameShape& shape) {
 
 void CoreProfileRenderer::State::SetView(const View& view) {
   glUseProgram(program->program.id());
-  glUniformMatrix4fv(program->projection, 1, GL_FALSE, view.projection);
   std::vector<float> positions;
   std::vector<float> diffuse;
   for (const Light& light : view.lights) {
-    positions.insert(positions.end(), light.position, light.position + 4);
+    const float* p = light.position;
+    const float length = std::sqrt(p[0] * p[0] + p[1] * p[1] + p[2] * p[2]);
+    const bool directional = p[3] == 0.0f && length > 0.0f;
+    for (int i = 0; i < 4; ++i) {
+      positions.push_back(directional && i < 3 ? p[i] / length : p[i]);
+    }
     diffuse.insert(diffuse.end(), light.diffuse, light.diffuse + 4);
   }
   const auto count = static_cast<GLsizei>(view.lights.size());

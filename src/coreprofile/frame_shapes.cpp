@@ -10,7 +10,7 @@
 namespace lumagrid::detail {
 namespace {
 
-// Column-major 4x4 product in double, as GL composes the model-view.
+// Column-major 4x4 products in double, as GL composes the model-view.
 void Multiply(const float* a, const double* b, double* out) {
   for (int c = 0; c < 4; ++c) {
     for (int r = 0; r < 4; ++r) {
@@ -71,8 +71,11 @@ std::vector<FrameShape> CollectFrameShapes(CGLScene& scene, const View& view) {
     if (!AllFinite(modelView, 16)) {
       continue;
     }
+    double clip[16];
+    Multiply(view.projection, modelView, clip);
     for (int i = 0; i < 16; ++i) {
       frame.instance.modelView[i] = static_cast<float>(modelView[i]);
+      frame.instance.clip[i] = static_cast<float>(clip[i]);
     }
     frame.mirrored = NormalMatrix(modelView, frame.instance.normalMatrix) < 0.0;
     const CGLColor& c =

@@ -13,6 +13,7 @@ namespace lumagrid::detail {
 // One shape's per-instance attributes, laid out as the vertex shader reads them.
 struct Instance {
   float modelView[16];    // the view's model-view times the shape's world matrix
+  float clip[16];         // the view's projection times that: to clip space in one product
   float normalMatrix[9];  // its upper 3x3's inverse transpose, column-major
   float colour[4];        // the highlight colour when selected, clamped by the shader
 };

@@ -1,6 +1,7 @@
 #ifndef LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
 #define LUMAGRID_SRC_COREPROFILE_SHADER_SOURCE_H
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@ enum Attribute : unsigned {
   kModelView = 2,     // four columns: 2 to 5
   kNormalMatrix = 6,  // three columns: 6 to 8
   kColour = 9,
+  kClip = 10,  // four columns: 10 to 13
 };
 
 constexpr int kMaxLights = 8;
@@ -31,33 +33,38 @@ layout(location = 1) in vec3 normal;
 layout(location = 2) in mat4 modelView;
 layout(location = 6) in mat3 normalMatrix;
 layout(location = 9) in vec4 colour;
-uniform mat4 projection;
+layout(location = 10) in mat4 clip;
 uniform bool lit;
 uniform vec4 lightPosition[8];
 uniform vec4 lightDiffuse[8];
 uniform vec4 ambient;
 out vec4 shade;
+// A directional light's direction comes normalised (SetView), as GL normalises it once.
 vec3 diffuse(int i, vec3 n, vec3 toLight) {
-  return lightDiffuse[i].rgb * colour.rgb * max(dot(n, normalize(toLight)), 0.0);
+  return lightDiffuse[i].rgb * max(dot(n, toLight), 0.0);
 }
 void main() {
-  vec4 eye = modelView * vec4(position, 1.0);
-  gl_Position = projection * eye;
+  gl_Position = clip * vec4(position, 1.0);
   if (!lit && normal == vec3(0.0)) {
     shade = clamp(colour, 0.0, 1.0);
     return;
   }
   vec3 n = normalize(normalMatrix * normal);
-  vec3 c = ambient.rgb * colour.rgb;
+  vec3 c = ambient.rgb;
 )";
+  // Only a point light needs the vertex in eye space.
+  if (std::find(directional.begin(), directional.end(), false) != directional.end()) {
+    source += "  vec4 eye = modelView * vec4(position, 1.0);\n";
+  }
   for (std::size_t i = 0; i < directional.size(); ++i) {
     const std::string light = "lightPosition[" + std::to_string(i) + "]";
     source +=
         "  c += diffuse(" + std::to_string(i) + ", n, " +
-        (directional[i] ? light + ".xyz" : light + ".xyz / " + light + ".w - eye.xyz / eye.w") +
+        (directional[i] ? light + ".xyz"
+                        : "normalize(" + light + ".xyz / " + light + ".w - eye.xyz / eye.w)") +
         ");\n";
   }
-  source += R"(  shade = vec4(clamp(c, 0.0, 1.0), clamp(colour.a, 0.0, 1.0));
+  source += R"(  shade = vec4(clamp(c * colour.rgb, 0.0, 1.0), clamp(colour.a, 0.0, 1.0));
 }
 )";
   return source;
