@@ -40,13 +40,14 @@ struct View {
 /// Draws a CGLScene in an OpenGL 3.3 core profile context (or a compatibility context of 3.3 or
 /// later) with the look the fixed-function pipeline gives it: lit `AMBIENT_AND_DIFFUSE`
 /// materials, highlight colour, alpha and visibility as the legacy draw shows them; line
-/// shapes in their colour, unlit.
+/// shapes in their colour, unlit (a wireframe tube's lines lit by the tube's normals, as GL
+/// lights them).
 ///
 /// Unlike the legacy draw, translucent shapes come after the opaque ones, sorted back to front,
 /// with depth writes off; shapes of the same mesh are drawn instanced; back faces of a mesh that
 /// closes a surface are culled, which hides nothing seen from outside the shape (a camera inside
-/// it sees none of it); and a shape's mesh is rebuilt only when its geometry changes. The shapes are only read: their modified marks and
-/// display lists are left to the legacy draw.
+/// it sees none of it); and a shape's mesh is rebuilt only when its geometry changes. The shapes
+/// are only read: their modified marks and display lists are left to the legacy draw.
 class LUMAGRID_COREPROFILE_API CoreProfileRenderer {
  public:
   /// Needs the context that Draw() will draw into current; makes no GL call until Draw().
