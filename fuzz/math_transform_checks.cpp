@@ -124,6 +124,21 @@ void VectorProducts(MathState& fz) {
     FUZZ_CHECK(equalOrBothNaN(p[k], pv[k]));
   }
 
+  // The batch transform gives each point the single transform's bits (any
+  // NaN for a NaN), into another array and in place.
+  const vec3d points[3] = {v, fz.Vec3(), fz.Vec3()};
+  vec3d moved[3];
+  m.transform(points, moved, 3);
+  vec3d inPlace[3] = {points[0], points[1], points[2]};
+  m.transform(inPlace, inPlace, 3);
+  for (int i = 0; i < 3; ++i) {
+    const vec3d single = m * points[i];
+    for (int k = 0; k < 3; ++k) {
+      FUZZ_CHECK(mathtest::sameBitsAnyNaN(moved[i][k], single[k]));
+      FUZZ_CHECK(mathtest::sameBitsAnyNaN(inPlace[i][k], single[k]));
+    }
+  }
+
   const vec4d q = m * w;
   FUZZ_CHECK(equalOrBothNaN(q.w(), q.z()));  // w is a copy of z
   vec4d qw = w;

@@ -8,6 +8,7 @@
 #include <lumagrid/vec3d.h>
 #include <lumagrid/vec4d.h>
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -197,6 +198,15 @@ class LUMAGRID_API mat4x4 {
   vec3d operator*(const vec3d& v) const;
   void transform(vec3d& v) const;
   ///@}
+  /// The n points in moved by the matrix into out: out[i] gets the bits
+  /// transform() would give in[i].
+  ///
+  /// For hosts that move many points: the matrix is read once, and where the
+  /// processor has AVX the points are moved four rows at a time. Points are
+  /// taken in order, each read whole before its result is written, so out
+  /// may be in, and any overlap gives what n calls of transform() in order
+  /// would. Nothing happens when n is 0 or either pointer is null.
+  void transform(const vec3d* in, vec3d* out, std::size_t n) const;
   /// New vector: x, y, z are rows 0 to 2 times v, and w of the result is a
   /// copy of its z; the bottom row is not used. transform(vec4d&) gives the
   /// full product.
@@ -314,24 +324,31 @@ namespace lumagrid::detail {
 /// with the library's own flags: the bits the inline path must give.
 LUMAGRID_API void transformPointCall(const double* m, double* v);
 
-/// The point transform the members below and the library's own code use.
-[[gnu::always_inline]] inline void transformPoint(const double* m, double* v) {
+/// The point transform the members below and the library's own code use:
+/// in moved by m, written to out, which may be in.
+[[gnu::always_inline]] inline void transformPoint(const double* m, const double* in, double* out) {
 #if defined(LUMAGRID_INLINE_KERNELS)
-  transformPointSse2(m, v);
+  transformPointSse2(m, in, out);
 #else
+  double v[3] = {in[0], in[1], in[2]};
   transformPointCall(m, v);
+  out[0] = v[0];
+  out[1] = v[1];
+  out[2] = v[2];
 #endif
 }
 
 }  // namespace lumagrid::detail
 
 inline void mat4x4::transform(vec3d& v) const {
-  lumagrid::detail::transformPoint(m_e, v);
+  lumagrid::detail::transformPoint(m_e, v, v);
 }
 
 inline vec3d mat4x4::operator*(const vec3d& v) const {
+  // A copy rather than vec3d(), whose constructor is out of line; every
+  // value is overwritten.
   vec3d r(v);
-  transform(r);
+  lumagrid::detail::transformPoint(m_e, v, r);
   return r;
 }
 

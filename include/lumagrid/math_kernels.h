@@ -35,14 +35,17 @@ namespace lumagrid::detail {
   return p;
 }
 
-/// The point v (three values) moved by the sixteen values m in place, rows
-/// 0-1 and rows 2-3 side by side; row 3 is computed and dropped. Each row is
-/// summed x, y, z, then the translation.
-[[gnu::always_inline]] inline void transformPointSse2(const double* m, double* v) {
-  const __m128d xy = _mm_loadu_pd(v);
-  const __m128d x = _mm_unpacklo_pd(xy, xy);
-  const __m128d y = _mm_unpackhi_pd(xy, xy);
-  const __m128d z = _mm_load1_pd(v + 2);
+/// The point in (three values) moved by the sixteen values m, written to
+/// out, rows 0-1 and rows 2-3 side by side; row 3 is computed and dropped.
+/// Each row is summed x, y, z, then the translation. in is read as three
+/// doubles, not as a pair: a point just stored by the host then forwards
+/// from the store buffer. All of in is read before out is written, so out
+/// may be in.
+[[gnu::always_inline]] inline void transformPointSse2(const double* m, const double* in,
+                                                      double* out) {
+  const __m128d x = _mm_set1_pd(in[0]);
+  const __m128d y = _mm_set1_pd(in[1]);
+  const __m128d z = _mm_set1_pd(in[2]);
   __m128d lo = mulRounded(_mm_loadu_pd(m), x);
   __m128d hi = mulRounded(_mm_loadu_pd(m + 2), x);
   lo = _mm_add_pd(lo, mulRounded(_mm_loadu_pd(m + 4), y));
@@ -51,8 +54,8 @@ namespace lumagrid::detail {
   hi = _mm_add_pd(hi, mulRounded(_mm_loadu_pd(m + 10), z));
   lo = _mm_add_pd(lo, _mm_loadu_pd(m + 12));
   hi = _mm_add_pd(hi, _mm_loadu_pd(m + 14));
-  _mm_storeu_pd(v, lo);
-  _mm_store_sd(v + 2, hi);
+  _mm_storeu_pd(out, lo);
+  _mm_store_sd(out + 2, hi);
 }
 
 /// Hamilton product r = a * b of quaternions stored x, y, z, w (w the scalar

@@ -22,6 +22,19 @@ MQuat logDifference(const MQuat& a, const MQuat& b) {
   return d;
 }
 
+// slerp() of opposite quaternions: a turn through a perpendicular one
+// instead of b. Out of line, so that the common case keeps its registers.
+[[gnu::noinline, gnu::cold]] MQuat slerpOpposite(const MQuat& a, double t) {
+  const double h = lumagrid::detail::kHalfPi;
+  const double k0 = std::sin((1.0 - t) * h);
+  const double k1 = std::sin(t * h);
+  const double px = -a.y;
+  const double py = a.x;
+  const double pz = -a.w;
+  const double pw = a.z;
+  return MQuat(k0 * a.x + k1 * px, k0 * a.y + k1 * py, k0 * a.z + k1 * pz, k0 * a.w + k1 * pw);
+}
+
 }  // namespace
 
 MQuat::MQuat(const vec3d& axis, double angle) {
@@ -197,43 +210,30 @@ bool MQuat::operator!=(const MQuat& q) const {
   return !cmp(q, kTolerance);
 }
 
-void MQuat::slerp(const MQuat& a_, const MQuat& b_, double t) {
-  // Copies, so that this may be either operand.
-  const MQuat a = a_;
-  const MQuat b = b_;
+void MQuat::slerp(const MQuat& a, const MQuat& b, double t) {
   double cs = a.x * b.x + a.y * b.y + a.z * b.z + a.w * b.w;
-  if (cs + 1.0 > kTolerance) {
-    if (std::fabs(cs) > 1.0) {
-      cs = cs / std::fabs(cs);
-    }
-    // A negative cosine is interpolated as it stands: the long arc is allowed.
-    const double theta = std::acos(cs);
-    const double s = std::sin(theta);
-    double k0 = 1.0 - t;
-    double k1 = t;
-    if (std::fabs(s) > kTolerance) {
-      k0 = std::sin((1.0 - t) * theta) / s;
-      k1 = std::sin(t * theta) / s;
-    }
-    x = k0 * a.x + k1 * b.x;
-    y = k0 * a.y + k1 * b.y;
-    z = k0 * a.z + k1 * b.z;
-    w = k0 * a.w + k1 * b.w;
+  if (!(cs + 1.0 > kTolerance)) {
+    *this = slerpOpposite(a, t);
     return;
   }
-
-  // Opposite quaternions: turn through a perpendicular one instead of b.
-  const double h = lumagrid::detail::kHalfPi;
-  const double k0 = std::sin((1.0 - t) * h);
-  const double k1 = std::sin(t * h);
-  const double px = -a.y;
-  const double py = a.x;
-  const double pz = -a.w;
-  const double pw = a.z;
-  x = k0 * a.x + k1 * px;
-  y = k0 * a.y + k1 * py;
-  z = k0 * a.z + k1 * pz;
-  w = k0 * a.w + k1 * pw;
+  if (std::fabs(cs) > 1.0) {
+    cs = cs / std::fabs(cs);
+  }
+  // A negative cosine is interpolated as it stands: the long arc is allowed.
+  const double theta = std::acos(cs);
+  const double s = std::sin(theta);
+  double k0 = 1.0 - t;
+  double k1 = t;
+  if (std::fabs(s) > kTolerance) {
+    k0 = std::sin((1.0 - t) * theta) / s;
+    k1 = std::sin(t * theta) / s;
+  }
+  // No copies of a and b: each component reads only its own, so this may be
+  // either operand.
+  x = k0 * a.x + k1 * b.x;
+  y = k0 * a.y + k1 * b.y;
+  z = k0 * a.z + k1 * b.z;
+  w = k0 * a.w + k1 * b.w;
 }
 
 void MQuat::squad(const MQuat& p, const MQuat& a, const MQuat& b, const MQuat& q, double t) {

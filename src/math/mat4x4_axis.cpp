@@ -106,7 +106,7 @@ void mat4x4::rotateZ(double a) {
 // the library has it (same bits as the plain one, and faster).
 void lumagrid::detail::transformPointCall(const double* m, double* v) {
 #if defined(LUMAGRID_INLINE_KERNELS)
-  transformPointSse2(m, v);
+  transformPointSse2(m, v, v);
 #else
   transformPointPlain(m, v);
 #endif

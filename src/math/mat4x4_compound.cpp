@@ -43,10 +43,24 @@ void mat4x4::loadRotate(const MQuat& q) {
   const double wy = q.w * ys;
   const double wz = q.w * zs;
 
-  setCol(0, vec4d(1.0 - (zz + yy), xy + wz, xz - wy, 0.0));
-  setCol(1, vec4d(xy - wz, 1.0 - (zz + xx), yz + wx, 0.0));
-  setCol(2, vec4d(xz + wy, yz - wx, 1.0 - (yy + xx), 0.0));
-  setCol(3, vec4d(0.0, 0.0, 0.0, 1.0));
+  // Written in place: this runs for every rotation a host builds.
+  double* e = m_e;
+  e[0] = 1.0 - (zz + yy);
+  e[1] = xy + wz;
+  e[2] = xz - wy;
+  e[3] = 0.0;
+  e[4] = xy - wz;
+  e[5] = 1.0 - (zz + xx);
+  e[6] = yz + wx;
+  e[7] = 0.0;
+  e[8] = xz + wy;
+  e[9] = yz - wx;
+  e[10] = 1.0 - (yy + xx);
+  e[11] = 0.0;
+  e[12] = 0.0;
+  e[13] = 0.0;
+  e[14] = 0.0;
+  e[15] = 1.0;
 }
 
 void mat4x4::rotate(const MQuat& q) {

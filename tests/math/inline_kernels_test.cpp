@@ -73,6 +73,35 @@ TEST(InlineKernels, PointTransformGivesTheLibraryBits) {
   }
 }
 
+TEST(InlineKernels, BatchTransformGivesTheInlineBits) {
+  ASSERT_TRUE(cpuRunsFma());
+  mathtest::RandomValues values(20261123);
+  constexpr int kPoints = 9;
+  for (int round = 0; round < kRounds / kPoints; ++round) {
+    mat4x4 m;
+    for (int k = 0; k < 16; ++k) {
+      static_cast<double*>(m)[k] = values.anyKind();
+    }
+    vec3d points[kPoints];
+    for (vec3d& p : points) {
+      const double x = values.anyKind();
+      const double y = values.anyKind();
+      const double z = values.anyKind();
+      p.set(x, y, z);
+    }
+    vec3d moved[kPoints];
+    m.transform(points, moved, kPoints);
+    for (int i = 0; i < kPoints; ++i) {
+      const vec3d inline_ = m * points[i];
+      for (int k = 0; k < 3; ++k) {
+        ASSERT_TRUE(sameBitsAnyNaN(moved[i][k], inline_[k]))
+            << "round " << round << " point " << i << " element " << k << ": " << moved[i][k]
+            << " vs " << inline_[k];
+      }
+    }
+  }
+}
+
 MQuat anyQuat(mathtest::RandomValues& values) {
   const double x = values.anyKind();
   const double y = values.anyKind();

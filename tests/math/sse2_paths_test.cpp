@@ -20,6 +20,7 @@
 
 #include "math/mat4x4_product.h"
 #include "math/mat4x4_transform.h"
+#include "math/point_batch.h"
 #include "math/quat_product.h"
 #include "math/bit_compare.h"
 #include "math/random_values.h"
@@ -143,7 +144,17 @@ TEST(Sse2Paths, PointTransformGivesThePlainBits) {
     double plain[3] = {in[16], in[17], in[18]};
     double lanes[3] = {in[16], in[17], in[18]};
     lumagrid::detail::transformPointPlain(in, plain);
-    lumagrid::detail::transformPointSse2(in, lanes);
+    lumagrid::detail::transformPointSse2(in, lanes, lanes);
+    ASSERT_TRUE(sameBits(plain, lanes, 3)) << "offset " << at;
+  });
+}
+
+TEST(Sse2Paths, PointTransformIntoAnotherPointGivesThePlainBits) {
+  forEachGroup(19, [&](const double* in, std::size_t at) {
+    double plain[3];
+    double lanes[3];
+    lumagrid::detail::transformPointPlain(in, in + 16, plain);
+    lumagrid::detail::transformPointSse2(in, in + 16, lanes);
     ASSERT_TRUE(sameBits(plain, lanes, 3)) << "offset " << at;
   });
 }
@@ -184,6 +195,45 @@ TEST(Sse2Paths, PublicOperationsUseTheSharedRoutines) {
     const MQuat qs = q * s;
     const MQuat expected = lumagrid::detail::quatProductPlain(q, s);
     ASSERT_TRUE(sameBits(&qs.x, &expected.x, 4)) << "offset " << at;
+  });
+}
+
+// A matrix and kBatchPoints points from each group of the pool, moved by
+// every batch kernel and by the public member: each must give, point by
+// point, the bits of the single transform.
+constexpr int kBatchPoints = 7;
+
+TEST(Sse2Paths, EveryBatchKernelGivesTheSingleTransformBits) {
+  ASSERT_TRUE(lumagrid::detail::haveAvxPointBatch() == lumagrid::detail::haveSse2PointBatch());
+  if (lumagrid::detail::haveAvxPointBatch()) {
+    // Fail rather than skip: a green run means the four-lane kernel ran.
+    ASSERT_TRUE(lumagrid::detail::runsAvx()) << "this processor has no AVX";
+  }
+  using Kernel = void (*)(const double*, const vec3d*, vec3d*, std::size_t);
+  const Kernel kernels[] = {lumagrid::detail::transformPointsPlain,
+                            lumagrid::detail::transformPointsSse2,
+                            lumagrid::detail::transformPointsAvx};
+  forEachGroup(16 + 3 * kBatchPoints, [&](const double* in, std::size_t at) {
+    mat4x4 m;
+    std::memcpy(static_cast<double*>(m), in, 16 * sizeof(double));
+    vec3d points[kBatchPoints];
+    vec3d single[kBatchPoints];
+    for (int i = 0; i < kBatchPoints; ++i) {
+      points[i].set(in[16 + 3 * i], in[17 + 3 * i], in[18 + 3 * i]);
+      single[i] = m * points[i];
+    }
+    for (const Kernel kernel : kernels) {
+      vec3d out[kBatchPoints];
+      kernel(m, points, out, kBatchPoints);
+      for (int i = 0; i < kBatchPoints; ++i) {
+        ASSERT_TRUE(sameBits(out[i], single[i], 3)) << "offset " << at << " point " << i;
+      }
+    }
+    vec3d out[kBatchPoints];
+    m.transform(points, out, kBatchPoints);
+    for (int i = 0; i < kBatchPoints; ++i) {
+      ASSERT_TRUE(sameBits(out[i], single[i], 3)) << "offset " << at << " point " << i;
+    }
   });
 }
 
