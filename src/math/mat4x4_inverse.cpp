@@ -1,9 +1,6 @@
 #include "math/mat4x4_inverse.h"
 
-#include <cmath>
-
-#include <type_traits>
-#include <utility>
+#include "math/mat4x4_pivoting.h"
 
 // Gauss-Jordan elimination with full pivoting, in place. Write a(r, c) for
 // m[4r + c]: r selects the group of four that mat4x4::operator[] returns.
@@ -11,48 +8,11 @@
 namespace lumagrid::detail {
 namespace {
 
-// The running product of the pivots must stay at least this large.
-constexpr double kPivotTiny = 1e-7;
-
 // a(r, c) is m[4r + c].
 struct Rows {
   double* m;
   double& operator()(int r, int c) const { return m[4 * r + c]; }
 };
-
-struct Pivot {
-  int row;
-  int col;
-};
-
-// The first value of largest magnitude in rows and columns k..3, scanning
-// row by row from a(k, k). A NaN never wins, except where the scan starts.
-template <int k>
-inline Pivot findPivot(Rows a) {
-  Pivot p{k, k};
-  double largest = std::fabs(a(k, k));
-  for (int r = k; r < 4; ++r) {
-    for (int c = k; c < 4; ++c) {
-      if (std::fabs(a(r, c)) > largest) {
-        largest = std::fabs(a(r, c));
-        p = Pivot{r, c};
-      }
-    }
-  }
-  return p;
-}
-
-// f(0), f(1), ... f(N - 1), each index a compile-time constant: the loops
-// over rows and columns then unroll, and the locals stay in registers.
-template <class F, int... I>
-inline void unrolled(F&& f, std::integer_sequence<int, I...>) {
-  (f(std::integral_constant<int, I>{}), ...);
-}
-
-template <int N, class F>
-inline void forEach(F&& f) {
-  unrolled(f, std::make_integer_sequence<int, N>{});
-}
 
 // Row i takes row j and row j takes minus row i; exchanging j with i again
 // undoes it.
@@ -71,20 +31,6 @@ inline void swapColumns(Rows a, int i, int j) {
     a(r, i) = a(r, j);
     a(r, j) = -t;
   }
-}
-
-// f(q) with q = i as a compile-time constant, when i != k. The pivot's place
-// then picks code rather than addresses, so that, once the branch is
-// predicted, nothing waits for the pivot search to finish.
-template <int k, class F>
-[[gnu::always_inline]] inline void unlessAt(int i, F&& f) {
-  forEach<4>([&](auto q) {
-    if constexpr (q != k) {
-      if (i == q) {
-        f(q);
-      }
-    }
-  });
 }
 
 // With the pivot p at a(k, k): a(r, k) = -(a(r, k) / p) in the other rows,
@@ -112,8 +58,9 @@ inline void eliminate(Rows a) {
 // threshold; |d p| rounds like |d| |p|, so the magnitudes alone decide.
 template <int k>
 [[gnu::always_inline]] inline bool step(Rows a, double& product, Pivot* pivots) {
-  const Pivot p = findPivot<k>(a);
-  product *= std::fabs(a(p.row, p.col));
+  double largest;
+  const Pivot p = findPivot<k>(a, largest);
+  product *= largest;
   if (product < kPivotTiny) {
     return false;
   }
@@ -126,7 +73,7 @@ template <int k>
 
 }  // namespace
 
-bool invertInPlace(double* m) {
+bool invertInPlacePlain(double* m) {
   const Rows a{m};
   Pivot pivots[4];
   double product = 1.0;
@@ -143,6 +90,14 @@ bool invertInPlace(double* m) {
     unlessAt<k>(pivots[k].row, [a](int q) { swapColumns(a, q, k); });
   });
   return true;
+}
+
+bool invertInPlace(double* m) {
+#if defined(LUMAGRID_INLINE_KERNELS)
+  return invertInPlaceSse2(m);
+#else
+  return invertInPlacePlain(m);
+#endif
 }
 
 }  // namespace lumagrid::detail

@@ -18,6 +18,7 @@
 #include <random>
 #include <vector>
 
+#include "math/mat4x4_inverse.h"
 #include "math/mat4x4_product.h"
 #include "math/mat4x4_transform.h"
 #include "math/point_batch.h"
@@ -139,6 +140,33 @@ TEST(Sse2Paths, MatrixProductGivesThePlainBits) {
   EXPECT_TRUE(sameBits(a, c, 16));
 }
 
+TEST(Sse2Paths, InverseGivesThePlainBits) {
+  // Success and every value, the partly eliminated ones of a failure too.
+  int successes = 0;
+  int failures = 0;
+  const auto check = [&](const double* in, std::size_t at) {
+    double plain[16];
+    double lanes[16];
+    std::memcpy(plain, in, sizeof plain);
+    std::memcpy(lanes, in, sizeof lanes);
+    const bool ok = lumagrid::detail::invertInPlacePlain(plain);
+    ASSERT_EQ(lumagrid::detail::invertInPlaceSse2(lanes), ok) << "case " << at;
+    ASSERT_TRUE(sameBits(plain, lanes, 16)) << "case " << at;
+    ++(ok ? successes : failures);
+  };
+  forEachGroup(16, check);
+  // Entries of a few magnitudes only: ties between pivots everywhere, and
+  // failures at every step.
+  mathtest::RandomValues random(7);
+  for (int n = 0; n < 20000; ++n) {
+    double e[16];
+    random.fillSmallInts(e, 16, 1 + n % 3);
+    check(e, static_cast<std::size_t>(n));
+  }
+  EXPECT_GT(successes, 10000);
+  EXPECT_GT(failures, 1000);
+}
+
 TEST(Sse2Paths, PointTransformGivesThePlainBits) {
   forEachGroup(19, [&](const double* in, std::size_t at) {
     double plain[3] = {in[16], in[17], in[18]};
@@ -195,6 +223,12 @@ TEST(Sse2Paths, PublicOperationsUseTheSharedRoutines) {
     const MQuat qs = q * s;
     const MQuat expected = lumagrid::detail::quatProductPlain(q, s);
     ASSERT_TRUE(sameBits(&qs.x, &expected.x, 4)) << "offset " << at;
+
+    mat4x4 inverse = a;
+    double plainInverse[16];
+    std::memcpy(plainInverse, in, sizeof plainInverse);
+    ASSERT_EQ(inverse.inv(), lumagrid::detail::invertInPlacePlain(plainInverse)) << "offset " << at;
+    ASSERT_TRUE(sameBits(static_cast<const double*>(inverse), plainInverse, 16)) << "offset " << at;
   });
 }
 
