@@ -68,6 +68,10 @@ namespace lumagrid::detail {
   const __m128d azw = _mm_loadu_pd(a + 2);
   const __m128d bxy = _mm_loadu_pd(b);
   const __m128d bzw = _mm_loadu_pd(b + 2);
+  // (y, z) pairs straight from memory: two loads instead of two shuffles,
+  // which are what this kernel waits on.
+  const __m128d ayz = _mm_loadu_pd(a + 1);
+  const __m128d byz = _mm_loadu_pd(b + 1);
   const __m128d negHigh = _mm_set_pd(-0.0, 0.0);
 
   // The first two terms of each component may trade places (their sum is
@@ -75,12 +79,11 @@ namespace lumagrid::detail {
   // Lanes x, y: x = a.x*b.w + a.w*b.x + a.y*b.z - a.z*b.y,
   //             y = a.w*b.y + a.y*b.w + a.z*b.x - a.x*b.z.
   const __m128d aww = _mm_unpackhi_pd(azw, azw);
-  const __m128d ayz = _mm_shuffle_pd(axy, azw, 1);
   const __m128d azx = _mm_shuffle_pd(azw, axy, 0);
   __m128d xy = mulRounded(aww, bxy);
   xy = _mm_add_pd(xy, mulRounded(axy, _mm_unpackhi_pd(bzw, bzw)));
   xy = _mm_add_pd(xy, mulRounded(ayz, _mm_shuffle_pd(bzw, bxy, 0)));
-  xy = _mm_sub_pd(xy, mulRounded(azx, _mm_shuffle_pd(bxy, bzw, 1)));
+  xy = _mm_sub_pd(xy, mulRounded(azx, byz));
 
   // Lanes z, w: z = a.w*b.z + a.z*b.w + a.x*b.y - a.y*b.x,
   //             w = a.w*b.w - a.x*b.x - a.y*b.y - a.z*b.z.
