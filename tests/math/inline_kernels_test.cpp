@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "math/bit_compare.h"
+#include "math/any_quat.h"
 #include "math/random_values.h"
 
 #if !defined(__FMA__)
@@ -20,6 +21,8 @@
 #endif
 
 namespace {
+
+using mathtest::anyQuat;
 
 using mathtest::sameBitsAnyNaN;
 
@@ -100,14 +103,6 @@ TEST(InlineKernels, BatchTransformGivesTheInlineBits) {
       }
     }
   }
-}
-
-MQuat anyQuat(mathtest::RandomValues& values) {
-  const double x = values.anyKind();
-  const double y = values.anyKind();
-  const double z = values.anyKind();
-  const double w = values.anyKind();
-  return MQuat(x, y, z, w);
 }
 
 TEST(InlineKernels, QuaternionProductGivesTheLibraryBits) {

@@ -10,9 +10,12 @@
 #include <cmath>
 
 #include "math/bit_compare.h"
+#include "math/any_quat.h"
 #include "math/random_values.h"
 
 namespace {
+
+using mathtest::anyQuat;
 
 constexpr int kRounds = 100000;
 
@@ -77,14 +80,6 @@ MQuat plainSlerp(const MQuat& a, const MQuat& b, double t) {
   const double k1 = std::sin(t * h);
   return MQuat(k0 * a.x + k1 * -a.y, k0 * a.y + k1 * a.x, k0 * a.z + k1 * -a.w,
                k0 * a.w + k1 * a.z);
-}
-
-MQuat anyQuat(mathtest::RandomValues& values) {
-  const double x = values.anyKind();
-  const double y = values.anyKind();
-  const double z = values.anyKind();
-  const double w = values.anyKind();
-  return MQuat(x, y, z, w);
 }
 
 ::testing::AssertionResult sameBits(const double* a, const double* b, int n) {
