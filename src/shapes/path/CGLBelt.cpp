@@ -75,11 +75,11 @@ bool CGLBelt::InitVertex() {
 }
 
 void CGLBelt::BuildProfile() {
-  InitVertex();
-  for (const lumagrid::detail::PathPoint& p : lumagrid::detail::BuildBeltOutline(
-           m_dRadius1, m_dRadius2, m_dEntraxe, m_nQuality, m_nBType)) {
-    AddVertex(p.x, p.y, p.z);
-  }
+  // One buffer per thread: rebuilds then allocate nothing once it has grown.
+  thread_local std::vector<lumagrid::detail::PathPoint> outline;
+  lumagrid::detail::BuildBeltOutline(m_dRadius1, m_dRadius2, m_dEntraxe, m_nQuality, m_nBType,
+                                     outline);
+  lumagrid::detail::AssignVertexList(m_aVertex, outline);
 }
 
 long CGLBelt::DisplayListMake() {

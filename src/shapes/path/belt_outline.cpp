@@ -9,11 +9,22 @@ namespace lumagrid::detail {
 
 namespace {
 
-// About +Z, in the x-y plane.
+// A turn about +Z, in the x-y plane, by its cosine and sine.
+struct Turn {
+  double c;
+  double s;
+};
+
+Turn TurnBy(double a) {
+  return {std::cos(a), std::sin(a)};
+}
+
+PathPoint Turned(const PathPoint& v, const Turn& t) {
+  return {v.x * t.c - v.y * t.s, v.x * t.s + v.y * t.c, 0.0};
+}
+
 PathPoint RotatedAboutZ(const PathPoint& v, double a) {
-  const double c = std::cos(a);
-  const double s = std::sin(a);
-  return {v.x * c - v.y * s, v.x * s + v.y * c, 0.0};
+  return Turned(v, TurnBy(a));
 }
 
 // Zero when v is too short to have a direction.
@@ -98,10 +109,13 @@ bool OrderPulleys(double r1, double r2, double entraxe, Pulleys& p) {
   }
   p.u = DirectionOrZero(Sub(p.smallCentre, p.bigCentre));
   const double theta = std::acos((big - small) / d);
-  p.bigPlus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), theta));
-  p.bigMinus = Add(p.bigCentre, RotatedAboutZ(Mul(p.u, big), -theta));
-  p.smallPlus = Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), theta));
-  p.smallMinus = Add(p.smallCentre, RotatedAboutZ(Mul(p.u, small), -theta));
+  // Both circles turn by the same two angles.
+  const Turn plus = TurnBy(theta);
+  const Turn minus = TurnBy(-theta);
+  p.bigPlus = Add(p.bigCentre, Turned(Mul(p.u, big), plus));
+  p.bigMinus = Add(p.bigCentre, Turned(Mul(p.u, big), minus));
+  p.smallPlus = Add(p.smallCentre, Turned(Mul(p.u, small), plus));
+  p.smallMinus = Add(p.smallCentre, Turned(Mul(p.u, small), minus));
   return true;
 }
 
@@ -207,12 +221,19 @@ void AppendArc(std::vector<PathPoint>& out, double radius, double centreX, bool 
 
 std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
                                         unsigned char code) {
+  std::vector<PathPoint> out;
+  BuildBeltOutline(r1, r2, entraxe, quality, code, out);
+  return out;
+}
+
+void BuildBeltOutline(double r1, double r2, double entraxe, int quality, unsigned char code,
+                      std::vector<PathPoint>& out) {
   // The arc counts use this shorter 2 pi, unlike WrapToTurn().
   constexpr double kTurn = 6.2831853071794;
-  std::vector<PathPoint> out;
+  out.clear();
   Pulleys p{};
   if (!OrderPulleys(r1, r2, entraxe, p)) {
-    return out;
+    return;
   }
   if (code < kFullBelt) {
     Segment s{};
@@ -220,13 +241,13 @@ std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, in
       out.push_back(s.end);
       out.push_back(s.start);
     }
-    return out;
+    return;
   }
 
   Segment first{};
   Segment second{};
   if (!OuterTangents(p, first, second)) {
-    return out;
+    return;
   }
   out.push_back(second.end);
   out.push_back(second.start);
@@ -238,7 +259,7 @@ std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, in
   double a1 = 0.0;
   if (!SignedAngle(xAxis, Sub(second.start, centreA), a0) ||
       !SignedAngle(xAxis, Sub(first.start, centreA), a1)) {
-    return out;
+    return;
   }
   // Only the end angle is wrapped, and the sweep's sign is kept: a negative
   // sweep draws no arc on A.
@@ -249,12 +270,11 @@ std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, in
   double b1 = 0.0;
   if (!SignedAngle(xAxis, Sub(first.end, centreB), b0) ||
       !SignedAngle(xAxis, Sub(second.end, centreB), b1)) {
-    return out;
+    return;
   }
   // No wrap on B, but the count takes the sweep's magnitude.
   const double sweepB = b1 - b0;
   AppendArc(out, r2, entraxe, true, b0, sweepB, ArcCount(std::fabs(sweepB) / kTurn * quality));
-  return out;
 }
 
 unsigned char BeltTypeCode(unsigned char type) {

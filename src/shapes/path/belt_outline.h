@@ -18,6 +18,11 @@ constexpr unsigned char kFullBelt = 16;
 std::vector<PathPoint> BuildBeltOutline(double r1, double r2, double entraxe, int quality,
                                         unsigned char code);
 
+// The same, into `out` (its old contents replaced), so that a caller that
+// rebuilds often keeps one buffer.
+void BuildBeltOutline(double r1, double r2, double entraxe, int quality, unsigned char code,
+                      std::vector<PathPoint>& out);
+
 // CGLBelt::SetBType's mapping of the host's type to the stored code.
 unsigned char BeltTypeCode(unsigned char type);
 
