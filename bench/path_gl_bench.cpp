@@ -94,6 +94,44 @@ void BeltGl(benchmark::State& state) {
       state);
 }
 
+// New pulleys at every rebuild (two entraxes in turn): both sides compute the
+// outline, the hand-made one into a buffer it keeps.
+constexpr double kEntraxes[2] = {3.0, 3.5};
+
+template <int kArg>
+void BeltReshapedLumagrid(benchmark::State& state) {
+  bench::glContext();
+  CGLBelt belt(1.0, 0.6, kEntraxes[0]);
+  belt.SetQuality(kArg);
+  belt.DisplayListMake();
+  int turn = 0;
+  for (auto _ : state) {
+    turn ^= 1;
+    belt.SetEntraxe(kEntraxes[turn]);
+    benchmark::DoNotOptimize(belt.DisplayListMake());
+  }
+  glFinish();
+}
+
+template <int kArg>
+void BeltReshapedGl(benchmark::State& state) {
+  bench::glContext();
+  std::vector<lumagrid::detail::PathPoint> outline;
+  int turn = 0;
+  bench::compileByHandEachIteration(
+      [&] {
+        turn ^= 1;
+        lumagrid::detail::BuildBeltOutline(1.0, 0.6, kEntraxes[turn], kArg,
+                                           lumagrid::detail::kFullBelt, outline);
+        glBegin(GL_LINE_STRIP);
+        for (const auto& p : outline) {
+          glVertex3d(p.x, p.y, p.z);
+        }
+        glEnd();
+      },
+      state);
+}
+
 template <int kArg>
 void BeltProfile(benchmark::State& state) {
   bench::eachBuild(state, [] {
@@ -113,6 +151,10 @@ BENCHMARK(BeltLumagrid<20>)->Name("belt20_compile/lumagrid");
 BENCHMARK(BeltGl<20>)->Name("belt20_compile/gl");
 BENCHMARK(BeltLumagrid<50>)->Name("belt50_compile/lumagrid");
 BENCHMARK(BeltGl<50>)->Name("belt50_compile/gl");
+BENCHMARK(BeltReshapedLumagrid<20>)->Name("belt20_reshaped_compile/lumagrid");
+BENCHMARK(BeltReshapedGl<20>)->Name("belt20_reshaped_compile/gl");
+BENCHMARK(BeltReshapedLumagrid<50>)->Name("belt50_reshaped_compile/lumagrid");
+BENCHMARK(BeltReshapedGl<50>)->Name("belt50_reshaped_compile/gl");
 BENCHMARK(BeltProfile<20>)->Name("belt20_builder_share/lumagrid");
 BENCHMARK(BeltLumagrid<20>)->Name("belt20_builder_share/whole-compile");
 BENCHMARK(BeltProfile<50>)->Name("belt50_builder_share/lumagrid");

@@ -13,10 +13,11 @@ void ClearVertexList(std::vector<CGLPoint*>& points) {
 }
 
 void AssignVertexList(std::vector<CGLPoint*>& points, const std::vector<PathPoint>& values) {
-  // A derived point may count its own deletion: it goes now, as before.
+  // A derived point may count its own deletion: it goes now, as before. A
+  // null one (a subclass may push one) is dropped.
   std::size_t kept = 0;
   for (CGLPoint* p : points) {
-    if (typeid(*p) == typeid(CGLPoint)) {
+    if (p != nullptr && typeid(*p) == typeid(CGLPoint)) {
       points[kept++] = p;
     } else {
       delete p;

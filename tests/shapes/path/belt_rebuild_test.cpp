@@ -214,4 +214,13 @@ TEST_F(BeltRebuild, HandVerticesOfEveryKindGiveWayToTheOutline) {
   EXPECT_TRUE(belt.m_aVertex.empty());
 }
 
+TEST_F(BeltRebuild, ANullVertexPushedByASubclassIsDropped) {
+  BeltProbe belt(1.0, 0.5, 4.0);
+  belt.AddVertex(1.0, 2.0, 3.0);
+  belt.m_aVertex.push_back(nullptr);
+  belt.AddVertex(4.0, 5.0, 6.0);
+  belt.DisplayListMake();
+  EXPECT_TRUE(SameOutline(Points(belt.m_aVertex), belt.FreshOutline()));
+}
+
 }  // namespace
